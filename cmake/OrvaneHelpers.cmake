@@ -1,0 +1,33 @@
+# Build helpers shared by the library, its tests, examples and benchmarks.
+
+# Warnings for the project's own targets (never for a consumer's).
+function(orvane_set_warnings target)
+    if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+        target_compile_options(${target} PRIVATE -Wall -Wextra)
+        if(ORVANE_WERROR)
+            target_compile_options(${target} PRIVATE -Werror)
+        endif()
+    elseif(MSVC)
+        target_compile_options(${target} PRIVATE /W4)
+        if(ORVANE_WERROR)
+            target_compile_options(${target} PRIVATE /WX)
+        endif()
+    endif()
+endfunction()
+
+# Every public header lives in its source directory and is reached as
+# <Orvane/name.h>: the build tree links it into include/Orvane, and the
+# install puts it into <prefix>/include/Orvane.
+set(ORVANE_BUILD_INCLUDE_DIR "${CMAKE_BINARY_DIR}/include" CACHE INTERNAL "")
+file(MAKE_DIRECTORY "${ORVANE_BUILD_INCLUDE_DIR}/Orvane")
+
+function(orvane_public_headers)
+    foreach(header IN LISTS ARGN)
+        get_filename_component(name "${header}" NAME)
+        file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}/${header}"
+             "${ORVANE_BUILD_INCLUDE_DIR}/Orvane/${name}" SYMBOLIC COPY_ON_ERROR)
+        target_sources(Orvane PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
+        set_property(GLOBAL APPEND PROPERTY ORVANE_PUBLIC_HEADERS "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
+    endforeach()
+    install(FILES ${ARGN} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Orvane" COMPONENT Devel)
+endfunction()

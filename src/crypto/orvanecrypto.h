@@ -1,0 +1,6 @@
+#ifndef ORVANE_ORVANECRYPTO_H
+#define ORVANE_ORVANECRYPTO_H
+
+// The AES codec.
+
+#endif // ORVANE_ORVANECRYPTO_H

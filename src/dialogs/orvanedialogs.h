@@ -1,0 +1,6 @@
+#ifndef ORVANE_ORVANEDIALOGS_H
+#define ORVANE_ORVANEDIALOGS_H
+
+// Dialogs: the bar dialog and its skins, the Mac-style dialog, the message box, the popped-dialog registry.
+
+#endif // ORVANE_ORVANEDIALOGS_H

@@ -1,0 +1,6 @@
+#ifndef ORVANE_ORVANELINKS_H
+#define ORVANE_ORVANELINKS_H
+
+// Product web links: page categories, product ids and the redirect URL.
+
+#endif // ORVANE_ORVANELINKS_H

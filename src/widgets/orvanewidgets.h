@@ -1,0 +1,6 @@
+#ifndef ORVANE_ORVANEWIDGETS_H
+#define ORVANE_ORVANEWIDGETS_H
+
+// Buttons, effects and labels: style records, the image button, stock styles, eliding and spinning labels.
+
+#endif // ORVANE_ORVANEWIDGETS_H
