@@ -26,7 +26,7 @@ function(orvane_public_headers)
         get_filename_component(name "${header}" NAME)
         file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}/${header}"
              "${ORVANE_BUILD_INCLUDE_DIR}/Orvane/${name}" SYMBOLIC COPY_ON_ERROR)
-        target_sources(Orvane PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
+        target_sources(OrvaneObjects PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
         set_property(GLOBAL APPEND PROPERTY ORVANE_PUBLIC_HEADERS "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
     endforeach()
     install(FILES ${ARGN} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Orvane" COMPONENT Devel)

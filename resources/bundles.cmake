@@ -39,7 +39,7 @@ function(_orvane_bundle name qrc)
         COMMENT "Embedding resource bundle ${name}"
         VERBATIM)
     set_source_files_properties("${out}" PROPERTIES SKIP_AUTOMOC ON SKIP_AUTOUIC ON)
-    target_sources(Orvane PRIVATE "${out}")
+    target_sources(OrvaneObjects PRIVATE "${out}")
 endfunction()
 
 _orvane_bundle(OrvaneResources "${_res_dir}/OrvaneResources.qrc" ${_images})

@@ -14,6 +14,8 @@ qtbase5-dev
 qttools5-dev
 qttools5-dev-tools
 fonts-dejavu-core
+libssl-dev
+$*
 "
 
 missing=""
