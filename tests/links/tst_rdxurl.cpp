@@ -3,6 +3,7 @@
 #include <Orvane/version.h>
 
 #include "links/rdxurl_p.h"
+#include "../locale/privatesettings.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -67,11 +68,7 @@ private Q_SLOTS:
 void tst_RdxUrl::initTestCase()
 {
     QVERIFY(m_settingsDir.isValid());
-    QCoreApplication::setOrganizationName(QStringLiteral("OrvaneTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_rdxurl"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settingsDir.path());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settingsDir.path());
-    QVERIFY(QSettings().fileName().startsWith(m_settingsDir.path()));
+    QVERIFY(usePrivateSettings(QStringLiteral("tst_rdxurl"), m_settingsDir.path()));
     QDesktopServices::setUrlHandler(QStringLiteral("http"), this, "catchUrl");
     QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "catchUrl");
 }

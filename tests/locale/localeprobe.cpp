@@ -5,6 +5,8 @@
 
 #include <Orvane/orvanelocale.h>
 
+#include "privatesettings.h"
+
 #include <QCoreApplication>
 #include <QSettings>
 #include <QStringList>
@@ -33,13 +35,9 @@ QString translatedOk()
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
-    QCoreApplication::setOrganizationName(QStringLiteral("OrvaneTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("localeprobe"));
     QTemporaryDir settingsDir;
-    if (!settingsDir.isValid())
+    if (!settingsDir.isValid() || !usePrivateSettings(QStringLiteral("localeprobe"), settingsDir.path()))
         return 2;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settingsDir.path());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settingsDir.path());
 
     QStringList log;
     capturedLog = &log;

@@ -1,6 +1,7 @@
 #include <Orvane/orvanelocale.h>
 
 #include "localeprobe.h"
+#include "privatesettings.h"
 
 #include <QFile>
 #include <QSet>
@@ -37,11 +38,7 @@ private Q_SLOTS:
 void tst_AppLocale::initTestCase()
 {
     QVERIFY(m_settingsDir.isValid());
-    QCoreApplication::setOrganizationName(QStringLiteral("OrvaneTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_applocale"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settingsDir.path());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settingsDir.path());
-    QVERIFY(QSettings().fileName().startsWith(m_settingsDir.path()));
+    QVERIFY(usePrivateSettings(QStringLiteral("tst_applocale"), m_settingsDir.path()));
 }
 
 void tst_AppLocale::init()

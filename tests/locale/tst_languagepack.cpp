@@ -2,6 +2,7 @@
 
 #include "locale/languagepack_p.h"
 #include "localeprobe.h"
+#include "privatesettings.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -97,11 +98,7 @@ int tst_LanguagePack::installedLibraryTranslators()
 void tst_LanguagePack::initTestCase()
 {
     QVERIFY(m_settingsDir.isValid());
-    QCoreApplication::setOrganizationName(QStringLiteral("OrvaneTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_languagepack"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settingsDir.path());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settingsDir.path());
-    QVERIFY(QSettings().fileName().startsWith(m_settingsDir.path()));
+    QVERIFY(usePrivateSettings(QStringLiteral("tst_languagepack"), m_settingsDir.path()));
     QCoreApplication::instance()->installEventFilter(this);
 }
 
