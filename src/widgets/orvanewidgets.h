@@ -3,4 +3,6 @@
 
 // Buttons, effects and labels: style records, the image button, stock styles, eliding and spinning labels.
 
+#include <Orvane/elidedlabel.h>
+
 #endif // ORVANE_ORVANEWIDGETS_H
