@@ -84,6 +84,8 @@ private Q_SLOTS:
 
 private:
     Orvane::ElidedLabel *makeLabel(Qt::TextElideMode mode = Qt::ElideRight);
+    // A visible label of the given width (0: wide enough) showing `text`.
+    Orvane::ElidedLabel *labelWithText(Qt::TextElideMode mode, int width, const QString &text);
 
     // A visible parent, so that resizing the label delivers resize events.
     QWidget *m_host = nullptr;
@@ -112,6 +114,14 @@ Orvane::ElidedLabel *tst_ElidedLabel::makeLabel(Qt::TextElideMode mode)
 {
     auto *label = new Orvane::ElidedLabel(m_host, mode);
     label->show();
+    return label;
+}
+
+Orvane::ElidedLabel *tst_ElidedLabel::labelWithText(Qt::TextElideMode mode, int width, const QString &text)
+{
+    auto *label = makeLabel(mode);
+    label->resize(width > 0 ? width : fittingWidth(label, text), 30);
+    label->setText(text);
     return label;
 }
 
@@ -155,9 +165,7 @@ void tst_ElidedLabel::constructorMode()
 {
     QFETCH(int, mode);
     const auto elideMode = Qt::TextElideMode(mode);
-    auto *label = makeLabel(elideMode);
-    label->resize(90, 30);
-    label->setText(longText);
+    auto *label = labelWithText(elideMode, 90, longText);
     QCOMPARE(shownText(label), expectedElided(label, longText, elideMode, 90));
     QVERIFY(shownText(label) != longText);
     QCOMPARE(label->text(), longText);
@@ -165,9 +173,7 @@ void tst_ElidedLabel::constructorMode()
 
 void tst_ElidedLabel::wideLabelShowsWholeText()
 {
-    auto *label = makeLabel();
-    label->resize(fittingWidth(label, longText), 30);
-    label->setText(longText);
+    auto *label = labelWithText(Qt::ElideRight, 0, longText);
     QCOMPARE(shownText(label), longText);
     QCOMPARE(label->text(), longText);
 }
@@ -180,9 +186,7 @@ void tst_ElidedLabel::narrowingAfterFitKeepsWholeText_data()
 void tst_ElidedLabel::narrowingAfterFitKeepsWholeText()
 {
     QFETCH(int, mode);
-    auto *label = makeLabel(Qt::TextElideMode(mode));
-    label->resize(fittingWidth(label, longText), 30);
-    label->setText(longText);
+    auto *label = labelWithText(Qt::TextElideMode(mode), 0, longText);
     QCOMPARE(shownText(label), longText);
 
     for (int width : {200, 100, 60}) {
@@ -206,9 +210,7 @@ void tst_ElidedLabel::shortenedTextRecomputedOnEachResize()
 {
     QFETCH(int, mode);
     const auto elideMode = Qt::TextElideMode(mode);
-    auto *label = makeLabel(elideMode);
-    label->resize(60, 30);
-    label->setText(longText);
+    auto *label = labelWithText(elideMode, 60, longText);
     QString previous = shownText(label);
     QCOMPARE(previous, expectedElided(label, longText, elideMode, 60));
     QVERIFY(previous != longText);
@@ -233,9 +235,7 @@ void tst_ElidedLabel::shortenedTextRecomputedOnEachResize()
 
 void tst_ElidedLabel::elideNoneNeverShortens()
 {
-    auto *label = makeLabel(Qt::ElideNone);
-    label->resize(60, 30);
-    label->setText(longText);
+    auto *label = labelWithText(Qt::ElideNone, 60, longText);
     QCOMPARE(shownText(label), longText);
     label->resize(40, 30);
     QCOMPARE(shownText(label), longText);
@@ -298,9 +298,7 @@ void tst_ElidedLabel::minimumWidthFromFirstCharacter()
 {
     QFETCH(QString, text);
     QFETCH(QString, first);
-    auto *label = makeLabel();
-    label->resize(300, 30);
-    label->setText(text);
+    auto *label = labelWithText(Qt::ElideRight, 300, text);
     const QFontMetrics metrics(label->font());
     QCOMPARE(label->minimumWidth(), metrics.horizontalAdvance(first + QStringLiteral("...")) + 1);
     QVERIFY(label->minimumWidth() > 1);
@@ -350,9 +348,7 @@ void tst_ElidedLabel::twoDebugLinesPerUpdate()
     QFETCH(QString, text);
     QFETCH(int, width);
     QFETCH(bool, shortened);
-    auto *label = makeLabel();
-    label->resize(width, 30);
-    label->setText(text);
+    auto *label = labelWithText(Qt::ElideRight, width, text);
     const QString shown = shownText(label);
     QCOMPARE(shown != text, shortened);
 

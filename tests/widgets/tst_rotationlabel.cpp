@@ -114,6 +114,14 @@ QString checkMark(const QImage &frame, int quarter)
     return QString();
 }
 
+// Sets `picture` on the label, starts the spin and returns the animation.
+QVariantAnimation *startSpin(Orvane::RotationLabel &label, const QPixmap &picture, int duration = 1000)
+{
+    label.setPixmap(picture);
+    label.startRotating(duration);
+    return theAnimation();
+}
+
 bool cornersCut(const QImage &frame)
 {
     const int right = frame.width() - 1;
@@ -187,9 +195,7 @@ void tst_RotationLabel::classAndConstructor()
 void tst_RotationLabel::startMakesEndlessAnimation()
 {
     Orvane::RotationLabel label;
-    label.setPixmap(markedPicture(64, 64));
-    label.startRotating(1000);
-    QVariantAnimation *animation = theAnimation();
+    QVariantAnimation *animation = startSpin(label, markedPicture(64, 64));
     QVERIFY(animation);
     QVERIFY(!animation->parent());
     QCOMPARE(animation->state(), QAbstractAnimation::Running);
@@ -274,10 +280,9 @@ void tst_RotationLabel::squareAt45DegreesHasCornersCut()
 {
     QFETCH(int, size);
     Orvane::RotationLabel label;
-    label.setPixmap(markedPicture(size, size));
-    QVERIFY(!cornersCut(shownImage(label)));
-    label.startRotating(1000);
-    QVariantAnimation *animation = theAnimation();
+    const QPixmap picture = markedPicture(size, size);
+    QVERIFY(!cornersCut(picture.toImage().convertToFormat(QImage::Format_ARGB32)));
+    QVariantAnimation *animation = startSpin(label, picture);
     QVERIFY(animation);
     animation->setCurrentTime(125);
     QCOMPARE(animation->currentValue().toReal(), 45.0);
@@ -326,9 +331,7 @@ void tst_RotationLabel::oblongFrameKeepsSourceSize()
 {
     QFETCH(int, time);
     Orvane::RotationLabel label;
-    label.setPixmap(markedPicture(80, 40));
-    label.startRotating(1000);
-    QVariantAnimation *animation = theAnimation();
+    QVariantAnimation *animation = startSpin(label, markedPicture(80, 40));
     QVERIFY(animation);
     animation->setCurrentTime(time);
     const QImage frame = shownImage(label);
@@ -379,9 +382,7 @@ void tst_RotationLabel::stopKeepsLastFrame()
 void tst_RotationLabel::restartWhileSpinningTakesShownFrame()
 {
     Orvane::RotationLabel label;
-    label.setPixmap(markedPicture(64, 64));
-    label.startRotating(1000);
-    QPointer<QVariantAnimation> first = theAnimation();
+    QPointer<QVariantAnimation> first = startSpin(label, markedPicture(64, 64));
     QVERIFY(first);
     first->setCurrentTime(125);
     const QImage turned = shownImage(label);
