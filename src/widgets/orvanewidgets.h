@@ -8,4 +8,7 @@
 #include <Orvane/imagebutton.h>
 #include <Orvane/buttonstyles.h>
 
+#include <Orvane/elidedlabel.h>
+#include <Orvane/rotationlabel.h>
+
 #endif // ORVANE_ORVANEWIDGETS_H
