@@ -48,6 +48,25 @@ QVector<QColor> colours(std::initializer_list<const char *> names)
     return v;
 }
 
+// `count` colours, all different.
+QVector<QColor> distinctColours(int count)
+{
+    QVector<QColor> v;
+    for (int i = 0; i < count; ++i)
+        v.append(QColor::fromHsv(i * 30, 255, 255));
+    return v;
+}
+
+// The entries of `from` at `indices`, in that order.
+template <typename T>
+QVector<T> pick(const QVector<T> &from, const QVector<int> &indices)
+{
+    QVector<T> v;
+    for (int i : indices)
+        v.append(from.at(i));
+    return v;
+}
+
 QPixmap solid(const QColor &c, const QSize &size = QSize(8, 8))
 {
     QPixmap p(size);
@@ -353,39 +372,51 @@ void tst_ImageButton::setupStyleSizes()
     QCOMPARE(b.maximumSize(), expectedMaximum);
 }
 
-void tst_ImageButton::setupStyleBackgroundCount_data()
+// Rows of "count colours given" -> "indices of the given colours stored".
+void padOnceRows()
 {
     QTest::addColumn<int>("count");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("0") << 0 << 0;
-    QTest::newRow("1 padded once") << 1 << 2;
-    QTest::newRow("2 padded once") << 2 << 3;
-    QTest::newRow("3") << 3 << 4;
-    QTest::newRow("4") << 4 << 4;
-    QTest::newRow("5 left alone") << 5 << 5;
-    QTest::newRow("6 gradient") << 6 << 8;
-    QTest::newRow("7") << 7 << 7;
-    QTest::newRow("8") << 8 << 8;
+    QTest::addColumn<QVector<int>>("stored");
+    QTest::newRow("empty") << 0 << QVector<int>();
+    QTest::newRow("1 padded once") << 1 << QVector<int>{0, 0};
+    QTest::newRow("2 become 3") << 2 << QVector<int>{0, 1, 0};
+    QTest::newRow("3") << 3 << QVector<int>{0, 1, 2, 0};
+    QTest::newRow("4") << 4 << QVector<int>{0, 1, 2, 3};
+    QTest::newRow("5") << 5 << QVector<int>{0, 1, 2, 3, 4};
+    QTest::newRow("8") << 8 << QVector<int>{0, 1, 2, 3, 4, 5, 6, 7};
+}
+
+// An empty `stored` means the call was ignored.
+void gradientRows()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QVector<int>>("stored");
+    QTest::newRow("5 ignored") << 5 << QVector<int>();
+    QTest::newRow("6 padded with the last") << 6 << QVector<int>{0, 1, 2, 3, 4, 5, 5, 5};
+    QTest::newRow("7") << 7 << QVector<int>{0, 1, 2, 3, 4, 5, 6};
+    QTest::newRow("8") << 8 << QVector<int>{0, 1, 2, 3, 4, 5, 6, 7};
+    QTest::newRow("10") << 10 << QVector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
+}
+
+void tst_ImageButton::setupStyleBackgroundCount_data()
+{
+    padOnceRows();
+    // Exactly 5 are left as they are; 6 or more are a gradient.
+    QTest::newRow("5 left alone") << 5 << QVector<int>{0, 1, 2, 3, 4};
+    QTest::newRow("6 gradient") << 6 << QVector<int>{0, 1, 2, 3, 4, 5, 5, 5};
+    QTest::newRow("7 gradient") << 7 << QVector<int>{0, 1, 2, 3, 4, 5, 6};
 }
 
 void tst_ImageButton::setupStyleBackgroundCount()
 {
     QFETCH(int, count);
-    QFETCH(int, expected);
+    QFETCH(QVector<int>, stored);
     auto style = newStyle();
-    for (int i = 0; i < count; ++i)
-        style->bgColors.append(QColor::fromHsv(i * 40, 200, 200));
+    const QVector<QColor> given = distinctColours(count);
+    style->bgColors = given;
     style->radius = 7;
-    const QVector<QColor> given = style->bgColors;
     ImageButton b(style);
-    QCOMPARE(style->bgColors.size(), expected);
-    QCOMPARE(style->bgColors.mid(0, count), given);
-    if (count >= 1 && count <= 3)
-        QCOMPARE(style->bgColors.last(), given.first());
-    if (count == 6) {
-        QCOMPARE(style->bgColors.at(6), given.at(5));
-        QCOMPARE(style->bgColors.at(7), given.at(5));
-    }
+    QCOMPARE(style->bgColors, pick(given, stored));
     QCOMPARE(style->radius, 7);
 }
 
@@ -393,24 +424,24 @@ void tst_ImageButton::setupStyleBorder_data()
 {
     QTest::addColumn<int>("width");
     QTest::addColumn<int>("count");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("width 1, 6 colours") << 1 << 6 << 8;
-    QTest::newRow("width 0, 6 colours") << 0 << 6 << 6;
-    QTest::newRow("width 2, 5 colours") << 2 << 5 << 5;
-    QTest::newRow("width 2, 8 colours") << 2 << 8 << 8;
+    QTest::addColumn<QVector<int>>("stored");
+    QTest::newRow("width 1, 6 colours") << 1 << 6 << QVector<int>{0, 1, 2, 3, 4, 5, 5, 5};
+    QTest::newRow("width 0, 6 colours") << 0 << 6 << QVector<int>{0, 1, 2, 3, 4, 5};
+    QTest::newRow("width 2, 5 colours") << 2 << 5 << QVector<int>{0, 1, 2, 3, 4};
+    QTest::newRow("width 2, 8 colours") << 2 << 8 << QVector<int>{0, 1, 2, 3, 4, 5, 6, 7};
 }
 
 void tst_ImageButton::setupStyleBorder()
 {
     QFETCH(int, width);
     QFETCH(int, count);
-    QFETCH(int, expected);
+    QFETCH(QVector<int>, stored);
     auto style = newStyle();
-    for (int i = 0; i < count; ++i)
-        style->borderColors.append(QColor::fromHsv(i * 40, 200, 200));
+    const QVector<QColor> given = distinctColours(count);
+    style->borderColors = given;
     style->borderWidth = width;
     ImageButton b(style);
-    QCOMPARE(style->borderColors.size(), expected);
+    QCOMPARE(style->borderColors, pick(given, stored));
     QCOMPARE(style->borderWidth, width);
 }
 
@@ -441,96 +472,57 @@ void tst_ImageButton::setBackgroundColourSetsRadiusSix()
 
 void tst_ImageButton::setBackgroundColours_data()
 {
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("empty") << 0 << 0;
-    QTest::newRow("1") << 1 << 2;
-    QTest::newRow("2 become 3") << 2 << 3;
-    QTest::newRow("3") << 3 << 4;
-    QTest::newRow("4") << 4 << 4;
-    QTest::newRow("5") << 5 << 5;
-    QTest::newRow("8") << 8 << 8;
+    padOnceRows();
 }
 
 void tst_ImageButton::setBackgroundColours()
 {
     QFETCH(int, count);
-    QFETCH(int, expected);
+    QFETCH(QVector<int>, stored);
     Probe b;
-    QVector<QColor> given;
-    for (int i = 0; i < count; ++i)
-        given.append(QColor::fromHsv(i * 30, 255, 255));
+    const QVector<QColor> given = distinctColours(count);
     b.setBackground(given, 11);
-    QCOMPARE(b.record().bgColors.size(), expected);
-    QCOMPARE(b.record().bgColors.mid(0, count), given);
-    if (count > 0 && count < 4)
-        QCOMPARE(b.record().bgColors.last(), given.first());
+    QCOMPARE(b.record().bgColors, pick(given, stored));
     QCOMPARE(b.record().radius, 11);
 }
 
 void tst_ImageButton::setBackgroundGradient_data()
 {
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("5 ignored") << 5 << -1;
-    QTest::newRow("6 padded") << 6 << 8;
-    QTest::newRow("7") << 7 << 7;
-    QTest::newRow("8") << 8 << 8;
-    QTest::newRow("10") << 10 << 10;
+    gradientRows();
 }
 
 void tst_ImageButton::setBackgroundGradient()
 {
     QFETCH(int, count);
-    QFETCH(int, expected);
+    QFETCH(QVector<int>, stored);
     Probe b;
     b.setBackground(QColor(Qt::black));
-    QVector<QColor> given;
-    for (int i = 0; i < count; ++i)
-        given.append(QColor::fromHsv(i * 30, 255, 255));
+    const QVector<QColor> given = distinctColours(count);
     b.setBackgroundGradient(given, 15);
-    if (expected < 0) {
+    if (stored.isEmpty()) {
         QCOMPARE(b.record().bgColors, QVector<QColor>(4, QColor(Qt::black)));
         QCOMPARE(b.record().radius, 6);
-        return;
+    } else {
+        QCOMPARE(b.record().bgColors, pick(given, stored));
+        QCOMPARE(b.record().radius, 15);
     }
-    QCOMPARE(b.record().bgColors.size(), expected);
-    QCOMPARE(b.record().bgColors.mid(0, count), given);
-    if (count == 6) {
-        QCOMPARE(b.record().bgColors.at(6), given.at(5));
-        QCOMPARE(b.record().bgColors.at(7), given.at(5));
-    }
-    QCOMPARE(b.record().radius, 15);
 }
 
 void tst_ImageButton::setBorderGradient_data()
 {
-    setBackgroundGradient_data();
+    gradientRows();
 }
 
 void tst_ImageButton::setBorderGradient()
 {
     QFETCH(int, count);
-    QFETCH(int, expected);
+    QFETCH(QVector<int>, stored);
     Probe b;
-    QVector<QColor> given;
-    for (int i = 0; i < count; ++i)
-        given.append(QColor::fromHsv(i * 30, 255, 255));
+    const QVector<QColor> given = distinctColours(count);
     b.setBorderGradient(given, 3, 12);
-    if (expected < 0) {
-        QVERIFY(b.record().borderColors.isEmpty());
-        QCOMPARE(b.record().borderWidth, 0);
-        QCOMPARE(b.record().radius, 0);
-        return;
-    }
-    QCOMPARE(b.record().borderColors.size(), expected);
-    QCOMPARE(b.record().borderColors.mid(0, count), given);
-    if (count == 6) {
-        QCOMPARE(b.record().borderColors.at(6), given.at(5));
-        QCOMPARE(b.record().borderColors.at(7), given.at(5));
-    }
-    QCOMPARE(b.record().borderWidth, 3);
-    QCOMPARE(b.record().radius, 12);
+    QCOMPARE(b.record().borderColors, pick(given, stored));
+    QCOMPARE(b.record().borderWidth, stored.isEmpty() ? 0 : 3);
+    QCOMPARE(b.record().radius, stored.isEmpty() ? 0 : 12);
 }
 
 void tst_ImageButton::setBackgroundPixmap()
@@ -547,27 +539,25 @@ void tst_ImageButton::setBackgroundPixmap()
 
 void tst_ImageButton::setBackgroundPixmaps_data()
 {
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("empty") << 0 << 0;
-    QTest::newRow("1") << 1 << 2;
-    QTest::newRow("3") << 3 << 4;
-    QTest::newRow("4") << 4 << 4;
-    QTest::newRow("5") << 5 << 5;
+    padOnceRows();
 }
 
 void tst_ImageButton::setBackgroundPixmaps()
 {
     QFETCH(int, count);
-    QFETCH(int, expected);
+    QFETCH(QVector<int>, stored);
     Probe b;
-    QVector<QPixmap> given;
-    for (int i = 0; i < count; ++i)
-        given.append(solid(QColor::fromHsv(i * 30, 255, 255)));
-    b.setBackground(given, QMargins(4, 3, 2, 1));
-    QCOMPARE(b.record().bgPixmaps.size(), expected);
-    if (count > 0 && count < 4)
-        QCOMPARE(b.record().bgPixmaps.last().cacheKey(), given.first().cacheKey());
+    QVector<qint64> given;
+    QVector<QPixmap> pixmaps;
+    for (const QColor &c : distinctColours(count)) {
+        pixmaps.append(solid(c));
+        given.append(pixmaps.last().cacheKey());
+    }
+    b.setBackground(pixmaps, QMargins(4, 3, 2, 1));
+    QVector<qint64> keys;
+    for (const QPixmap &p : b.record().bgPixmaps)
+        keys.append(p.cacheKey());
+    QCOMPARE(keys, pick(given, stored));
     QCOMPARE(b.record().bgMargins, QMargins(4, 3, 2, 1));
 }
 
