@@ -1,6 +1,9 @@
-// Paints a window of 100 stock-style image buttons and the same window of
-// 100 QPushButtons whose style sheets draw the same gradient pills, in one
-// run, and prints the time per paint of each and their ratio.
+// Paints a window of 100 image buttons and the same window of 100
+// QPushButtons whose style sheets draw the same gradient pills, in one run,
+// and prints the time per paint of each and their ratio: first all in the
+// default stock style, shadows on and off, then the three stock styles in
+// turn. Also times building the 100 default-style buttons against building
+// the 100 style-sheet push buttons.
 
 #include <Orvane/buttonstyles.h>
 #include <Orvane/imagebutton.h>
@@ -10,6 +13,7 @@
 #include <QGridLayout>
 #include <QImage>
 #include <QPushButton>
+#include <QStringList>
 #include <QWidget>
 
 #include <algorithm>
@@ -24,6 +28,7 @@ constexpr int Rows = 10;
 constexpr int Columns = 10;
 constexpr int PaintsPerRound = 20;
 constexpr int Rounds = 5;
+constexpr int BuildRounds = 9;
 
 using Factory = QSharedPointer<Orvane::ImageButtonStyle> (*)();
 const Factory factories[] = {&Orvane::makeBtnStyle_Default, &Orvane::makeBtnStyle_Orange,
@@ -97,6 +102,23 @@ QString label(int i)
     return QStringLiteral("Button %1").arg(i + 1);
 }
 
+// Milliseconds to build Rows x Columns buttons made by `make` in a hidden
+// parent: the median of the rounds. Deleting them is not timed.
+double timeBuild(const std::function<QWidget *(int, QWidget *)> &make)
+{
+    std::vector<double> rounds;
+    for (int r = 0; r < BuildRounds; ++r) {
+        auto parent = std::make_unique<QWidget>();
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < Rows * Columns; ++i)
+            make(i, parent.get());
+        rounds.push_back(double(timer.nsecsElapsed()) / 1e6);
+    }
+    std::sort(rounds.begin(), rounds.end());
+    return rounds[rounds.size() / 2];
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -105,9 +127,10 @@ int main(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
 
-    auto imageButton = [](bool shadows) {
-        return [shadows](int i, QWidget *parent) -> QWidget * {
-            QSharedPointer<Orvane::ImageButtonStyle> style = factories[i % 3]();
+    // Buttons in the style of `factory`, or of the three stock styles in turn.
+    auto imageButton = [](Factory factory, bool shadows) {
+        return [factory, shadows](int i, QWidget *parent) -> QWidget * {
+            QSharedPointer<Orvane::ImageButtonStyle> style = factory ? factory() : factories[i % 3]();
             if (!shadows)
                 style->shadows.clear();
             auto *b = new Orvane::ImageButton(style, parent);
@@ -115,35 +138,64 @@ int main(int argc, char *argv[])
             return b;
         };
     };
-    auto pushButton = [](int i, QWidget *parent) -> QWidget * {
-        auto *b = new QPushButton(label(i), parent);
-        b->setStyleSheet(styleSheetFor(*factories[i % 3]()));
-        return b;
+    const QString defaultSheet = styleSheetFor(*Orvane::makeBtnStyle_Default());
+    auto pushButton = [&defaultSheet](Factory factory) {
+        QStringList sheets;
+        for (Factory f : factories)
+            sheets << styleSheetFor(*f());
+        return [factory, sheets, &defaultSheet](int i, QWidget *parent) -> QWidget * {
+            auto *b = new QPushButton(label(i), parent);
+            b->setStyleSheet(factory ? defaultSheet : sheets.at(i % 3));
+            return b;
+        };
     };
 
-    const auto images = makeWindow(imageButton(true));
-    const auto plain = makeWindow(imageButton(false));
-    const auto pushes = makeWindow(pushButton);
+    const Factory stock = &Orvane::makeBtnStyle_Default;
+    const double imageBuildMs = timeBuild(imageButton(stock, true));
+    const double pushBuildMs = timeBuild(pushButton(stock));
 
-    // With ORVANE_LOOK_DIR set, both windows are saved there to compare looks.
+    const auto images = makeWindow(imageButton(stock, true));
+    const auto plain = makeWindow(imageButton(stock, false));
+    const auto pushes = makeWindow(pushButton(stock));
+    const auto mixedImages = makeWindow(imageButton(nullptr, true));
+    const auto mixedPlain = makeWindow(imageButton(nullptr, false));
+    const auto mixedPushes = makeWindow(pushButton(nullptr));
+
+    // With ORVANE_LOOK_DIR set, the windows are saved there to compare looks.
     const QString lookDir = qEnvironmentVariable("ORVANE_LOOK_DIR");
     if (!lookDir.isEmpty()) {
         images->grab().save(lookDir + QStringLiteral("/bench-imagebuttons.png"));
         pushes->grab().save(lookDir + QStringLiteral("/bench-pushbuttons.png"));
+        mixedImages->grab().save(lookDir + QStringLiteral("/bench-imagebuttons-mixed.png"));
+        mixedPushes->grab().save(lookDir + QStringLiteral("/bench-pushbuttons-mixed.png"));
     }
 
     const double imageMs = timePaint(*images);
     const double plainMs = timePaint(*plain);
     const double pushMs = timePaint(*pushes);
+    const double mixedImageMs = timePaint(*mixedImages);
+    const double mixedPlainMs = timePaint(*mixedPlain);
+    const double mixedPushMs = timePaint(*mixedPushes);
 
     std::printf("bench_imagebutton: one paint of a window of %d buttons (%dx%d px; peer %dx%d px),"
                 " median of %d rounds of %d\n",
                 Rows * Columns, images->width(), images->height(), pushes->width(), pushes->height(), Rounds,
                 PaintsPerRound);
-    std::printf("  ImageButton, stock styles            %8.3f ms\n", imageMs);
-    std::printf("  ImageButton, stock styles, no shadow %8.3f ms\n", plainMs);
-    std::printf("  QPushButton, equivalent style sheet  %8.3f ms\n", pushMs);
-    std::printf("  ratio ImageButton / QPushButton: %.2f (without shadows: %.2f)\n", imageMs / pushMs,
-                plainMs / pushMs);
+    std::printf("  makeBtnStyle_Default:\n");
+    std::printf("    ImageButton                          %8.3f ms\n", imageMs);
+    std::printf("    ImageButton, no shadow               %8.3f ms\n", plainMs);
+    std::printf("    QPushButton, equivalent style sheet  %8.3f ms\n", pushMs);
+    std::printf("  the three stock styles in turn:\n");
+    std::printf("    ImageButton                          %8.3f ms\n", mixedImageMs);
+    std::printf("    ImageButton, no shadow               %8.3f ms\n", mixedPlainMs);
+    std::printf("    QPushButton, equivalent style sheet  %8.3f ms\n", mixedPushMs);
+    std::printf("bench_imagebutton: building %d buttons, median of %d rounds\n", Rows * Columns, BuildRounds);
+    std::printf("    ImageButton, makeBtnStyle_Default    %8.3f ms\n", imageBuildMs);
+    std::printf("    QPushButton, equivalent style sheet  %8.3f ms\n", pushBuildMs);
+    std::printf("  ratio repaint ImageButton / QPushButton, default style: %.2f (without shadows: %.2f)\n",
+                imageMs / pushMs, plainMs / pushMs);
+    std::printf("  ratio repaint ImageButton / QPushButton, three styles:  %.2f (without shadows: %.2f)\n",
+                mixedImageMs / mixedPushMs, mixedPlainMs / mixedPushMs);
+    std::printf("  ratio build ImageButton / QPushButton, default style:   %.2f\n", imageBuildMs / pushBuildMs);
     return 0;
 }

@@ -2,6 +2,8 @@
 
 #include <Orvane/helpers.h>
 
+#include "cachedshadoweffect_p.h"
+
 #include <QGraphicsDropShadowEffect>
 #include <QLabel>
 #include <QLinearGradient>
@@ -263,8 +265,9 @@ void ImageButton::setShadow(const ShadowEffect *s)
     auto *effect = qobject_cast<QGraphicsDropShadowEffect *>(graphicsEffect());
     if (s) {
         if (!effect) {
-            // Replaces (and deletes) any other kind of effect.
-            effect = new QGraphicsDropShadowEffect(this);
+            // Replaces (and deletes) any other kind of effect. Ours keeps the
+            // blurred shadow between paints.
+            effect = new CachedShadowEffect(this);
             setGraphicsEffect(effect);
         }
         effect->setEnabled(true);
