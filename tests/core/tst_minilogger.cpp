@@ -10,13 +10,13 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <QThread>
 #include <QtTest>
 
 #include <cstdio>
 #include <vector>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 // The handler is process-wide and the first log file stays for the whole
@@ -64,28 +64,49 @@ QStringList timestampNames(const QString &prefix, const QDateTime &from, const Q
     return names;
 }
 
-// Silences the standard error stream while alive (the handler writes every
-// line there too, which would flood the test output).
-class QuietStderr
+// Captures the standard error stream while alive (the handler writes every
+// line there too, which would flood the test output). Whatever is not a log
+// line, such as a sanitizer's report, is passed on when it ends; a process
+// that ends abruptly leaves it in the file named at the start.
+class CapturedStderr
 {
 public:
-    QuietStderr()
+    CapturedStderr()
     {
+        m_file.open();
         fflush(stderr);
+        fprintf(stderr, "standard error captured in %s\n", qPrintable(m_file.fileName()));
         m_saved = dup(STDERR_FILENO);
-        const int null = open("/dev/null", O_WRONLY);
-        dup2(null, STDERR_FILENO);
-        close(null);
+        dup2(m_file.handle(), STDERR_FILENO);
     }
-    ~QuietStderr()
+    ~CapturedStderr() { restore(); }
+
+    // Restores the stream and returns the log lines it received.
+    QStringList restore()
     {
+        if (m_saved < 0)
+            return m_logLines;
         fflush(stderr);
         dup2(m_saved, STDERR_FILENO);
         close(m_saved);
+        m_saved = -1;
+        QFile captured(m_file.fileName());
+        if (captured.open(QIODevice::ReadOnly)) {
+            const QList<QByteArray> lines = captured.readAll().split('\n');
+            for (const QByteArray &line : lines) {
+                if (linePattern.match(QString::fromUtf8(line)).hasMatch())
+                    m_logLines << QString::fromUtf8(line);
+                else if (!line.isEmpty())
+                    fprintf(stderr, "%s\n", line.constData());
+            }
+        }
+        return m_logLines;
     }
 
 private:
-    int m_saved;
+    QTemporaryFile m_file;
+    int m_saved = -1;
+    QStringList m_logLines;
 };
 
 // The child process: logs into the given directory, then either crashes with
@@ -201,7 +222,7 @@ void tst_MiniLogger::everyTypeInPattern()
     QFETCH(int, type);
     QFETCH(QString, word);
 
-    QuietStderr quiet;
+    CapturedStderr captured;
     const QString text = QStringLiteral("message of type ") + word;
     switch (QtMsgType(type)) {
     case QtDebugMsg: qDebug().noquote() << text; break;
@@ -213,6 +234,7 @@ void tst_MiniLogger::everyTypeInPattern()
     const QStringList lines = newLogLines();
     QCOMPARE(lines.size(), 1);
     QCOMPARE(messageOf(lines.first(), word), text);
+    QCOMPARE(captured.restore(), lines);
     markSeen();
 }
 
@@ -277,14 +299,14 @@ void tst_MiniLogger::threadsWriteWholeLines()
                 qDebug().noquote().nospace() << "thread " << t << " message " << i << ' ' << padding << " end";
         }));
     }
-    {
-        QuietStderr quiet;
-        for (QThread *thread : threads)
-            thread->start();
-        for (QThread *thread : threads)
-            QVERIFY(thread->wait(120000));
-    }
+    CapturedStderr captured;
+    for (QThread *thread : threads)
+        thread->start();
+    for (QThread *thread : threads)
+        QVERIFY(thread->wait(120000));
     qDeleteAll(threads);
+    // The standard error stream got every line too.
+    QCOMPARE(captured.restore().size(), threadCount * perThread);
 
     const QStringList lines = newLogLines();
     QCOMPARE(lines.size(), threadCount * perThread);
