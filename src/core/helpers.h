@@ -16,14 +16,14 @@
 
 #include <Orvane/orvane_export.h>
 
+#include <QMargins>
+#include <QPixmap>
+#include <QSize>
 #include <QString>
 
 QT_BEGIN_NAMESPACE
 class QHBoxLayout;
-class QMargins;
 class QPainter;
-class QPixmap;
-class QSize;
 class QVBoxLayout;
 class QWidget;
 QT_END_NAMESPACE

@@ -3,8 +3,10 @@
 
 #include <QtGlobal>
 
+QT_BEGIN_NAMESPACE
 class QMessageLogContext;
 class QString;
+QT_END_NAMESPACE
 
 namespace Orvane {
 
