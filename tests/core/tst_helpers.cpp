@@ -43,6 +43,42 @@ public:
 using Piece = QPair<QRect, QRect>; // source, target
 using Pieces = QVector<Piece>;
 
+// The two debug lines of centring a HintedWidget on a main window whose
+// geometry starts at `corner`.
+void expectCentringLines(const QPoint &corner)
+{
+    QTest::ignoreMessage(QtDebugMsg,
+                         qPrintable(QStringLiteral("wnd center: QPoint(%1,%2)").arg(corner.x()).arg(corner.y())));
+    QTest::ignoreMessage(QtDebugMsg, "sz: QSize(120, 80)");
+}
+
+// The columns of the nine-slice data: pixmap size, margins, target size.
+void addStretchColumns()
+{
+    QTest::addColumn<QSize>("pixmapSize");
+    QTest::addColumn<QMargins>("margins");
+    QTest::addColumn<QSize>("size");
+}
+
+using Span = QPair<int, int>; // position, length
+using Spans = QVector<Span>;
+
+// The nine pieces of a grid, row by row, each column left to right.
+Pieces gridPieces(const Spans &sourceColumns, const Spans &sourceRows, const Spans &targetColumns,
+                  const Spans &targetRows)
+{
+    Pieces pieces;
+    for (int row = 0; row < 3; ++row) {
+        for (int col = 0; col < 3; ++col) {
+            pieces.append(Piece(QRect(sourceColumns[col].first, sourceRows[row].first, sourceColumns[col].second,
+                                      sourceRows[row].second),
+                                QRect(targetColumns[col].first, targetRows[row].first, targetColumns[col].second,
+                                      targetRows[row].second)));
+        }
+    }
+    return pieces;
+}
+
 // Records every pixmap the painter draws, with its source and target.
 class RecordingEngine : public QPaintEngine
 {
@@ -156,8 +192,8 @@ public Q_SLOTS:
 private Q_SLOTS:
     void cleanup();
 
-    void makeBoxLayoutOnParent();
-    void makeBoxLayoutWithoutParent();
+    void makeBoxLayout_data();
+    void makeBoxLayout();
     void makeBoxLayoutOnParentWithLayout();
 
     void findMainWindowNone();
@@ -172,8 +208,8 @@ private Q_SLOTS:
     void moveToCenterWithoutMainWindow();
     void moveToCenterNullWidget();
 
+    void moveToCenterOfWindow_data();
     void moveToCenterOfWindow();
-    void moveToCenterOfWindowChildMainWindow();
     void moveToCenterOfWindowLastWins();
     void moveToCenterOfWindowNothing();
 
@@ -212,43 +248,45 @@ void tst_Helpers::cleanup()
 
 // --- layouts ---------------------------------------------------------------
 
-void tst_Helpers::makeBoxLayoutOnParent()
+void tst_Helpers::makeBoxLayout_data()
 {
-    QWidget h;
-    QHBoxLayout *hbox = Orvane::makeHBoxLayout(&h, 5, 7);
-    QVERIFY(hbox);
-    QCOMPARE(h.layout(), hbox);
-    QCOMPARE(hbox->contentsMargins(), QMargins(5, 5, 5, 5));
-    QCOMPARE(hbox->spacing(), 7);
-    QCOMPARE(hbox->direction(), QBoxLayout::LeftToRight);
+    QTest::addColumn<bool>("vertical");
+    QTest::addColumn<bool>("parented");
+    QTest::addColumn<int>("margin");
+    QTest::addColumn<int>("spacing");
 
-    QWidget v;
-    QVBoxLayout *vbox = Orvane::makeVBoxLayout(&v, 0, 12);
-    QVERIFY(vbox);
-    QCOMPARE(v.layout(), vbox);
-    QCOMPARE(vbox->contentsMargins(), QMargins(0, 0, 0, 0));
-    QCOMPARE(vbox->spacing(), 12);
-    QCOMPARE(vbox->direction(), QBoxLayout::TopToBottom);
+    QTest::newRow("horizontal on a parent") << false << true << 5 << 7;
+    QTest::newRow("vertical on a parent") << true << true << 0 << 12;
+    QTest::newRow("horizontal without parent") << false << false << 3 << 4;
+    QTest::newRow("vertical without parent") << true << false << 9 << 1;
 }
 
-void tst_Helpers::makeBoxLayoutWithoutParent()
+void tst_Helpers::makeBoxLayout()
 {
-    std::unique_ptr<QHBoxLayout> hbox(Orvane::makeHBoxLayout(nullptr, 3, 4));
-    QVERIFY(hbox);
-    QVERIFY(!hbox->parent());
-    QCOMPARE(hbox->contentsMargins(), QMargins(3, 3, 3, 3));
-    QCOMPARE(hbox->spacing(), 4);
+    QFETCH(bool, vertical);
+    QFETCH(bool, parented);
+    QFETCH(int, margin);
+    QFETCH(int, spacing);
 
-    std::unique_ptr<QVBoxLayout> vbox(Orvane::makeVBoxLayout(nullptr, 9, 1));
-    QVERIFY(vbox);
-    QVERIFY(!vbox->parent());
-    QCOMPARE(vbox->contentsMargins(), QMargins(9, 9, 9, 9));
-    QCOMPARE(vbox->spacing(), 1);
-
-    // The layout is usable once installed by the caller.
     QWidget w;
-    w.setLayout(vbox.release());
-    QCOMPARE(w.layout()->spacing(), 1);
+    QWidget *parent = parented ? &w : nullptr;
+    QBoxLayout *box = vertical ? static_cast<QBoxLayout *>(Orvane::makeVBoxLayout(parent, margin, spacing))
+                               : static_cast<QBoxLayout *>(Orvane::makeHBoxLayout(parent, margin, spacing));
+    QVERIFY(box);
+    std::unique_ptr<QBoxLayout> unowned(parented ? nullptr : box);
+    QCOMPARE(bool(qobject_cast<QVBoxLayout *>(box)), vertical);
+    QCOMPARE(bool(qobject_cast<QHBoxLayout *>(box)), !vertical);
+    QCOMPARE(box->direction(), vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    QCOMPARE(box->contentsMargins(), QMargins(margin, margin, margin, margin));
+    QCOMPARE(box->spacing(), spacing);
+    QCOMPARE(box->parent(), static_cast<QObject *>(parent));
+    QCOMPARE(w.layout(), parented ? box : nullptr);
+
+    // A layout made without parent is usable once the caller installs it.
+    if (!parented) {
+        w.setLayout(unowned.release());
+        QCOMPARE(w.layout(), box);
+    }
 }
 
 void tst_Helpers::makeBoxLayoutOnParentWithLayout()
@@ -384,35 +422,39 @@ void tst_Helpers::moveToCenterNullWidget()
 
 // --- centring on the main window's centre ----------------------------------
 
+void tst_Helpers::moveToCenterOfWindow_data()
+{
+    QTest::addColumn<bool>("embedded");
+    QTest::addColumn<QRect>("mainGeometry");
+    QTest::addColumn<QRect>("expected");
+
+    // Centres are (299, 249) and (109, 69); the size hint is 120 by 80.
+    QTest::newRow("top-level main window") << false << QRect(100, 100, 400, 300) << QRect(239, 209, 120, 80);
+    // Not only top-level windows count, and the geometry is in the parent's
+    // coordinates.
+    QTest::newRow("main window inside another widget") << true << QRect(10, 20, 200, 100) << QRect(49, 29, 120, 80);
+}
+
 void tst_Helpers::moveToCenterOfWindow()
 {
-    QMainWindow main;
-    main.setGeometry(100, 100, 400, 300); // centre (299, 249)
+    QFETCH(bool, embedded);
+    QFETCH(QRect, mainGeometry);
+    QFETCH(QRect, expected);
+
+    QWidget container;
+    container.setGeometry(300, 300, 500, 500);
+    auto *main = new QMainWindow(embedded ? &container : nullptr);
+    std::unique_ptr<QMainWindow> topLevel(embedded ? nullptr : main);
+    if (embedded)
+        main->setWindowFlags(Qt::Widget);
+    QCOMPARE(main->isWindow(), !embedded);
+    main->setGeometry(mainGeometry);
     HintedWidget widget;
     widget.setGeometry(0, 0, 10, 10);
 
-    QTest::ignoreMessage(QtDebugMsg, "wnd center: QPoint(100,100)");
-    QTest::ignoreMessage(QtDebugMsg, "sz: QSize(120, 80)");
+    expectCentringLines(mainGeometry.topLeft());
     Orvane::moveToCenterOfWindow(&widget);
-    QCOMPARE(widget.geometry(), QRect(299 - 60, 249 - 40, 120, 80));
-}
-
-void tst_Helpers::moveToCenterOfWindowChildMainWindow()
-{
-    // Not only top-level windows count, and the geometry is in the parent's
-    // coordinates.
-    QWidget container;
-    container.setGeometry(300, 300, 500, 500);
-    auto *inner = new QMainWindow(&container);
-    inner->setWindowFlags(Qt::Widget);
-    QVERIFY(!inner->isWindow());
-    inner->setGeometry(10, 20, 200, 100); // centre (109, 69)
-    HintedWidget widget;
-
-    QTest::ignoreMessage(QtDebugMsg, "wnd center: QPoint(10,20)");
-    QTest::ignoreMessage(QtDebugMsg, "sz: QSize(120, 80)");
-    Orvane::moveToCenterOfWindow(&widget);
-    QCOMPARE(widget.geometry(), QRect(109 - 60, 69 - 40, 120, 80));
+    QCOMPARE(widget.geometry(), expected);
 }
 
 void tst_Helpers::moveToCenterOfWindowLastWins()
@@ -430,12 +472,8 @@ void tst_Helpers::moveToCenterOfWindowLastWins()
     }
     QVERIFY(last);
     for (QWidget *w : QApplication::allWidgets()) {
-        if (qobject_cast<QMainWindow *>(w)) {
-            const QPoint corner = w->geometry().topLeft();
-            QTest::ignoreMessage(QtDebugMsg, qPrintable(QStringLiteral("wnd center: QPoint(%1,%2)")
-                                                            .arg(corner.x()).arg(corner.y())));
-            QTest::ignoreMessage(QtDebugMsg, "sz: QSize(120, 80)");
-        }
+        if (qobject_cast<QMainWindow *>(w))
+            expectCentringLines(w->geometry().topLeft());
     }
     Orvane::moveToCenterOfWindow(&widget);
     const QPoint c = last->geometry().center();
@@ -613,9 +651,7 @@ void tst_Helpers::smartAppendPath()
 
 void tst_Helpers::stretchedPieces_data()
 {
-    QTest::addColumn<QSize>("pixmapSize");
-    QTest::addColumn<QMargins>("margins");
-    QTest::addColumn<QSize>("size");
+    addStretchColumns();
     QTest::addColumn<Pieces>("expected");
 
     QTest::newRow("zero margins: one scaled pixmap")
@@ -627,28 +663,16 @@ void tst_Helpers::stretchedPieces_data()
     QTest::newRow("too low: one scaled pixmap")
         << QSize(30, 30) << QMargins(10, 10, 10, 10) << QSize(40, 15)
         << Pieces{{QRect(0, 0, 30, 30), QRect(0, 0, 40, 15)}};
+    // Grids give each column's x and width and each row's y and height, in
+    // the pixmap and in the target.
     QTest::newRow("nine pieces in order")
         << QSize(30, 30) << QMargins(10, 10, 10, 10) << QSize(100, 50)
-        << Pieces{{QRect(0, 0, 10, 10), QRect(0, 0, 10, 10)},
-                  {QRect(10, 0, 10, 10), QRect(10, 0, 80, 10)},
-                  {QRect(20, 0, 10, 10), QRect(90, 0, 10, 10)},
-                  {QRect(0, 10, 10, 10), QRect(0, 10, 10, 30)},
-                  {QRect(10, 10, 10, 10), QRect(10, 10, 80, 30)},
-                  {QRect(20, 10, 10, 10), QRect(90, 10, 10, 30)},
-                  {QRect(0, 20, 10, 10), QRect(0, 40, 10, 10)},
-                  {QRect(10, 20, 10, 10), QRect(10, 40, 80, 10)},
-                  {QRect(20, 20, 10, 10), QRect(90, 40, 10, 10)}};
+        << gridPieces({{0, 10}, {10, 10}, {20, 10}}, {{0, 10}, {10, 10}, {20, 10}},
+                      {{0, 10}, {10, 80}, {90, 10}}, {{0, 10}, {10, 30}, {40, 10}});
     QTest::newRow("source middle clamped to one pixel")
         << QSize(20, 20) << QMargins(10, 10, 10, 10) << QSize(60, 40)
-        << Pieces{{QRect(0, 0, 10, 10), QRect(0, 0, 10, 10)},
-                  {QRect(10, 0, 1, 10), QRect(10, 0, 40, 10)},
-                  {QRect(10, 0, 10, 10), QRect(50, 0, 10, 10)},
-                  {QRect(0, 10, 10, 1), QRect(0, 10, 10, 20)},
-                  {QRect(10, 10, 1, 1), QRect(10, 10, 40, 20)},
-                  {QRect(10, 10, 10, 1), QRect(50, 10, 10, 20)},
-                  {QRect(0, 10, 10, 10), QRect(0, 30, 10, 10)},
-                  {QRect(10, 10, 1, 10), QRect(10, 30, 40, 10)},
-                  {QRect(10, 10, 10, 10), QRect(50, 30, 10, 10)}};
+        << gridPieces({{0, 10}, {10, 1}, {10, 10}}, {{0, 10}, {10, 1}, {10, 10}},
+                      {{0, 10}, {10, 40}, {50, 10}}, {{0, 10}, {10, 20}, {30, 10}});
     QTest::newRow("left and right margins only")
         << QSize(30, 30) << QMargins(8, 0, 8, 0) << QSize(100, 50)
         << Pieces{{QRect(0, 0, 8, 30), QRect(0, 0, 8, 50)},
@@ -660,15 +684,8 @@ void tst_Helpers::stretchedPieces_data()
                   {QRect(0, 6, 30, 24), QRect(0, 6, 100, 44)}};
     QTest::newRow("uneven margins")
         << QSize(30, 20) << QMargins(4, 3, 6, 5) << QSize(50, 40)
-        << Pieces{{QRect(0, 0, 4, 3), QRect(0, 0, 4, 3)},
-                  {QRect(4, 0, 20, 3), QRect(4, 0, 40, 3)},
-                  {QRect(24, 0, 6, 3), QRect(44, 0, 6, 3)},
-                  {QRect(0, 3, 4, 12), QRect(0, 3, 4, 32)},
-                  {QRect(4, 3, 20, 12), QRect(4, 3, 40, 32)},
-                  {QRect(24, 3, 6, 12), QRect(44, 3, 6, 32)},
-                  {QRect(0, 15, 4, 5), QRect(0, 35, 4, 5)},
-                  {QRect(4, 15, 20, 5), QRect(4, 35, 40, 5)},
-                  {QRect(24, 15, 6, 5), QRect(44, 35, 6, 5)}};
+        << gridPieces({{0, 4}, {4, 20}, {24, 6}}, {{0, 3}, {3, 12}, {15, 5}},
+                      {{0, 4}, {4, 40}, {44, 6}}, {{0, 3}, {3, 32}, {35, 5}});
     QTest::newRow("negative margin counts as none")
         << QSize(30, 30) << QMargins(-5, 0, 8, 0) << QSize(100, 50)
         << Pieces{{QRect(0, 0, 22, 30), QRect(0, 0, 92, 50)},
@@ -697,9 +714,7 @@ void tst_Helpers::stretchedPieces()
 
 void tst_Helpers::stretchedPixels_data()
 {
-    QTest::addColumn<QSize>("pixmapSize");
-    QTest::addColumn<QMargins>("margins");
-    QTest::addColumn<QSize>("size");
+    addStretchColumns();
 
     QTest::newRow("30x30 by 10 into 100x50") << QSize(30, 30) << QMargins(10, 10, 10, 10) << QSize(100, 50);
     QTest::newRow("uneven margins") << QSize(30, 20) << QMargins(4, 3, 6, 5) << QSize(64, 33);
@@ -726,7 +741,7 @@ void tst_Helpers::stretchedPixels()
     const int dw = W - L - R, dh = H - T - B;
 
     const QImage image = paintStretched(size, codedPixmap(pw, ph, margins), margins);
-    image.save(QStringLiteral("/tmp/tst_helpers_%1.png").arg(QString::fromLatin1(QTest::currentDataTag()).replace(' ', '_')));
+    image.save(QDir::temp().filePath(QStringLiteral("tst_helpers_%1.png")).arg(QString::fromLatin1(QTest::currentDataTag()).replace(' ', '_')));
 
     for (int ty = 0; ty < H; ++ty) {
         std::set<int> columns;
@@ -776,7 +791,7 @@ void tst_Helpers::stretchedClampsSourceMiddle()
     const QPixmap pixmap = codedPixmap(20, 20, margins);
     const QRgb middle = pixmap.toImage().pixel(10, 10);
     const QImage image = paintStretched(QSize(60, 40), pixmap, margins);
-    image.save(QStringLiteral("/tmp/tst_helpers_clamped.png"));
+    image.save(QDir::temp().filePath(QStringLiteral("tst_helpers_clamped.png")));
 
     for (int y = 10; y < 30; ++y)
         for (int x = 10; x < 50; ++x)
@@ -838,9 +853,7 @@ void tst_Helpers::stretchedExactFit()
 
 void tst_Helpers::stretchedBadInput_data()
 {
-    QTest::addColumn<QSize>("pixmapSize");
-    QTest::addColumn<QMargins>("margins");
-    QTest::addColumn<QSize>("size");
+    addStretchColumns();
 
     QTest::newRow("null pixmap") << QSize(0, 0) << QMargins(10, 10, 10, 10) << QSize(40, 40);
     QTest::newRow("margins larger than pixmap") << QSize(8, 8) << QMargins(20, 20, 20, 20) << QSize(60, 60);
