@@ -6,7 +6,7 @@ BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build test demo install images lupdate clean fuzz bench
+.PHONY: all deps configure build test demo install images lupdate clean fuzz bench check-sanitize
 
 all: build
 
@@ -24,6 +24,27 @@ test: build
 
 demo: build
 	cd $(BUILD) && ./examples/gallery/orvane-gallery
+
+# The whole suite with AddressSanitizer and UndefinedBehaviorSanitizer, then
+# the thread tests with ThreadSanitizer, each in a build tree of its own.
+# Suppressions (Qt's own known reports only) are in tests/sanitizers/.
+ASAN_BUILD ?= build-asan
+TSAN_BUILD ?= build-tsan
+SAN_CMAKE = -DCMAKE_BUILD_TYPE=Debug -DORVANE_BUILD_EXAMPLES=OFF
+check-sanitize: deps
+	cmake -S . -B $(ASAN_BUILD) $(SAN_CMAKE) \
+		"-DCMAKE_CXX_FLAGS=-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer"
+	cmake --build $(ASAN_BUILD) --parallel $(JOBS)
+	cd $(ASAN_BUILD) && \
+		ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:halt_on_error=1 \
+		LSAN_OPTIONS=suppressions=$(CURDIR)/tests/sanitizers/lsan.supp:print_suppressions=0 \
+		UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+		QT_QPA_PLATFORM=offscreen ctest --output-on-failure --parallel $(JOBS) -LE nosanitize
+	cmake -S . -B $(TSAN_BUILD) $(SAN_CMAKE) "-DCMAKE_CXX_FLAGS=-fsanitize=thread -fno-omit-frame-pointer"
+	cmake --build $(TSAN_BUILD) --parallel $(JOBS) --target thread-tests
+	cd $(TSAN_BUILD) && \
+		TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1:suppressions=$(CURDIR)/tests/sanitizers/tsan.supp \
+		QT_QPA_PLATFORM=offscreen ctest --output-on-failure -L threads
 
 # Every fuzz target for FUZZ_SECONDS each, with clang's libFuzzer,
 # AddressSanitizer and UndefinedBehaviorSanitizer, in its own build tree.

@@ -1,7 +1,9 @@
 #ifndef ORVANE_ORVANECORE_H
 #define ORVANE_ORVANECORE_H
 
-// Library foundation: start-up and resources, thread helpers, version.
+// Library foundation: start-up and resources, thread helpers, window, layout
+// and image helpers, version.
+#include <Orvane/helpers.h>
 #include <Orvane/startup.h>
 #include <Orvane/threads.h>
 #include <Orvane/version.h>

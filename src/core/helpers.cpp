@@ -1,0 +1,170 @@
+#include <Orvane/helpers.h>
+
+#include <QApplication>
+#include <QColor>
+#include <QDebug>
+#include <QDesktopServices>
+#include <QDir>
+#include <QHBoxLayout>
+#include <QMainWindow>
+#include <QMargins>
+#include <QPainter>
+#include <QPixmap>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace Orvane {
+
+namespace {
+
+template<typename Layout>
+Layout *makeBoxLayout(QWidget *parent, int margin, int spacing)
+{
+    auto *layout = new Layout(parent);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(spacing);
+    return layout;
+}
+
+void tint(QPixmap &pixmap, const QString &colorName)
+{
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    painter.fillRect(pixmap.rect(), QColor(colorName));
+    painter.end();
+}
+
+} // namespace
+
+QHBoxLayout *makeHBoxLayout(QWidget *parent, int margin, int spacing)
+{
+    return makeBoxLayout<QHBoxLayout>(parent, margin, spacing);
+}
+
+QVBoxLayout *makeVBoxLayout(QWidget *parent, int margin, int spacing)
+{
+    return makeBoxLayout<QVBoxLayout>(parent, margin, spacing);
+}
+
+QWidget *findMainWindow()
+{
+    const QWidgetList topLevels = QApplication::topLevelWidgets();
+    for (QWidget *w : topLevels) {
+        if (qobject_cast<QMainWindow *>(w))
+            return w;
+    }
+    // Hosts whose main window is not a QMainWindow still name their class so.
+    qDebug() << "find mainWindow";
+    for (QWidget *w : topLevels) {
+        if (qstrcmp(w->metaObject()->className(), "MainWindow") == 0)
+            return w;
+    }
+    return nullptr;
+}
+
+void moveToCenter(QWidget *widget, QWidget *parent)
+{
+    Q_UNUSED(parent) // the main window is always the reference
+    if (!widget)
+        return;
+    QWidget *mainWindow = findMainWindow();
+    if (!mainWindow)
+        return;
+    const int dx = (mainWindow->width() - widget->width()) / 2;
+    const int dy = (mainWindow->height() - widget->height()) / 2;
+    widget->move(mainWindow->mapToGlobal(QPoint(dx, dy)));
+}
+
+void moveToCenterOfWindow(QWidget *widget)
+{
+    if (!widget)
+        return;
+    // A private copy: the walk must not see widgets made or destroyed by the
+    // geometry changes it causes.
+    const QWidgetList all = QApplication::allWidgets();
+    for (QWidget *w : all) {
+        if (!qobject_cast<QMainWindow *>(w))
+            continue;
+        const QRect geometry = w->geometry();
+        const QPoint center = geometry.center();
+        const QSize size = widget->sizeHint();
+        qDebug() << "wnd center: " << geometry.topLeft();
+        qDebug() << "sz: " << size;
+        widget->setGeometry(QRect(QPoint(center.x() - size.width() / 2, center.y() - size.height() / 2), size));
+    }
+}
+
+void openWebURL(const QString &url)
+{
+    QDesktopServices::openUrl(QUrl(url, QUrl::TolerantMode));
+}
+
+void pixmapTintColor(QPixmap &pixmap, const QString &colorName)
+{
+    if (colorName.isEmpty())
+        return;
+    tint(pixmap, colorName);
+}
+
+QPixmap loadImageWithTintColor(const QString &path, const QString &colorName)
+{
+    QPixmap pixmap(path);
+    if (!pixmap.isNull() && !colorName.isEmpty())
+        tint(pixmap, colorName);
+    return pixmap;
+}
+
+QString smartAppendPath(const QString &base, const QString &tail)
+{
+    return QDir::cleanPath(base + QDir::separator() + tail);
+}
+
+void drawStretchedImage(QPainter &painter, const QSize &size, const QPixmap &pixmap, const QMargins &margins)
+{
+    const int W = size.width();
+    const int H = size.height();
+    const int L = margins.left();
+    const int T = margins.top();
+    const int R = margins.right();
+    const int B = margins.bottom();
+
+    const bool noMargins = L == 0 && T == 0 && R == 0 && B == 0;
+    const bool tooSmall = W < L + R || H < T + B;
+    if (noMargins || tooSmall) {
+        painter.drawPixmap(QRect(0, 0, W, H), pixmap);
+        return;
+    }
+
+    const int pw = pixmap.width();
+    const int ph = pixmap.height();
+    // The source middle never shrinks below one pixel; the target middle may.
+    const int sw = std::max(pw - L - R, 1);
+    const int sh = std::max(ph - T - B, 1);
+    const int dw = W - L - R;
+    const int dh = H - T - B;
+
+    struct Piece {
+        QRect source;
+        QRect target;
+    };
+    const Piece pieces[] = {
+        {{0, 0, L, T}, {0, 0, L, T}},
+        {{L, 0, sw, T}, {L, 0, dw, T}},
+        {{pw - R, 0, R, T}, {W - R, 0, R, T}},
+        {{0, T, L, sh}, {0, T, L, dh}},
+        {{L, T, sw, sh}, {L, T, dw, dh}},
+        {{pw - R, T, R, sh}, {W - R, T, R, dh}},
+        {{0, ph - B, L, B}, {0, H - B, L, B}},
+        {{L, ph - B, sw, B}, {L, H - B, dw, B}},
+        {{pw - R, ph - B, R, B}, {W - R, H - B, R, B}},
+    };
+    for (const Piece &piece : pieces) {
+        if (piece.source.width() == 0 || piece.source.height() == 0)
+            continue;
+        painter.drawPixmap(piece.target, pixmap, piece.source);
+    }
+}
+
+} // namespace Orvane
