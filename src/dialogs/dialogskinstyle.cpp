@@ -53,23 +53,12 @@ DialogSkinStyle makeDarkSkin()
     return s;
 }
 
-DialogSkinStyle makeSkin3()
+// Skins 3 and 4: the light skin with other message-box buttons.
+DialogSkinStyle makeLightSkin(const QString &primaryButtonStyle, const QString &secondaryButtonStyle)
 {
     DialogSkinStyle s;
-    s.primaryButtonStyle = QStringLiteral(
-        "QPushButton{border:0px; border-radius: 0; font-size: 13px;color: #FFFFFF; background-color: #2782FF;}");
-    s.secondaryButtonStyle = QStringLiteral(
-        ".QPushButton{font: 13px; border:1px solid #2782FF; border-radius: 1; color: #2782FF; background-color: #00FFFFFF;}");
-    return s;
-}
-
-DialogSkinStyle makeSkin4()
-{
-    DialogSkinStyle s;
-    s.primaryButtonStyle = QStringLiteral(
-        "QPushButton{border:0px; border-radius: 4; font-size: 13px;color: #FFFFFF; background-color: #8372FF;}");
-    s.secondaryButtonStyle = QStringLiteral(
-        ".QPushButton{font: 13px; border: 1px solid #8372FF; border-radius: 4; color: #8372FF;}");
+    s.primaryButtonStyle = primaryButtonStyle;
+    s.secondaryButtonStyle = secondaryButtonStyle;
     return s;
 }
 
@@ -109,11 +98,15 @@ DialogSkinStyle dialogSkinStyle(int skin)
         return dark;
     }
     case 3: {
-        static const DialogSkinStyle skin3 = makeSkin3();
+        static const DialogSkinStyle skin3 = makeLightSkin(
+            QStringLiteral("QPushButton{border:0px; border-radius: 0; font-size: 13px;color: #FFFFFF; background-color: #2782FF;}"),
+            QStringLiteral(".QPushButton{font: 13px; border:1px solid #2782FF; border-radius: 1; color: #2782FF; background-color: #00FFFFFF;}"));
         return skin3;
     }
     case 4: {
-        static const DialogSkinStyle skin4 = makeSkin4();
+        static const DialogSkinStyle skin4 = makeLightSkin(
+            QStringLiteral("QPushButton{border:0px; border-radius: 4; font-size: 13px;color: #FFFFFF; background-color: #8372FF;}"),
+            QStringLiteral(".QPushButton{font: 13px; border: 1px solid #8372FF; border-radius: 4; color: #8372FF;}"));
         return skin4;
     }
     default: {
