@@ -2,5 +2,6 @@
 #define ORVANE_ORVANELINKS_H
 
 // Product web links: page categories, product ids and the redirect URL.
+#include <Orvane/rdxurl.h>
 
 #endif // ORVANE_ORVANELINKS_H

@@ -2,5 +2,7 @@
 #define ORVANE_ORVANELOCALE_H
 
 // Localisation: the application locale, language packs and the library's translator.
+#include <Orvane/applocale.h>
+#include <Orvane/languagepack.h>
 
 #endif // ORVANE_ORVANELOCALE_H

@@ -1,0 +1,76 @@
+#include <Orvane/rotationlabel.h>
+
+#include "rotationlabel_p.h"
+
+#include <QPainter>
+#include <QTransform>
+#include <QVariantAnimation>
+
+namespace Orvane {
+
+QPixmap rotatedFrame(const QPixmap &source, qreal degrees)
+{
+    if (source.isNull())
+        return QPixmap();
+    const int w = source.width();
+    const int h = source.height();
+    const QPixmap turned = source.transformed(QTransform().rotate(degrees), Qt::SmoothTransformation);
+    // Whole-number halves truncate toward zero, as the frame's centre is
+    // defined; they are negative only where the turned picture is narrower.
+    const QRect part((turned.width() - w) / 2, (turned.height() - h) / 2, w, h);
+
+    QPixmap frame;
+    if (turned.rect().contains(part)) {
+        frame = turned.copy(part);
+    } else {
+        // QPixmap::copy would clip to the turned picture; keep the size.
+        frame = QPixmap(w, h);
+        frame.fill(Qt::transparent);
+        QPainter painter(&frame);
+        painter.drawPixmap(-part.x(), -part.y(), turned);
+    }
+    frame.setDevicePixelRatio(source.devicePixelRatio());
+    return frame;
+}
+
+RotationLabel::RotationLabel()
+    : QLabel(nullptr)
+{
+}
+
+RotationLabel::~RotationLabel()
+{
+    delete m_animation;
+}
+
+void RotationLabel::startRotating(int duration)
+{
+    if (duration < 1)
+        return;
+
+    // Whatever is shown now, upright or already turned, is the new source.
+    m_pixmap = pixmap(Qt::ReturnByValue);
+
+    delete m_animation;
+    m_animation = new QVariantAnimation;
+    m_animation->setDuration(duration);
+    m_animation->setStartValue(0.0f);
+    m_animation->setEndValue(360.0f);
+    m_animation->setLoopCount(-1);
+    connect(m_animation, &QVariantAnimation::valueChanged, m_animation, [this](const QVariant &value) {
+        if (!m_pixmap.isNull())
+            setPixmap(rotatedFrame(m_pixmap, value.toReal()));
+    });
+    m_animation->start(QAbstractAnimation::KeepWhenStopped);
+}
+
+void RotationLabel::stopRotating()
+{
+    if (!m_animation)
+        return;
+    m_animation->stop();
+    delete m_animation;
+    m_animation = nullptr;
+}
+
+} // namespace Orvane
