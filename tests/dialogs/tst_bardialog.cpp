@@ -189,18 +189,14 @@ void tst_BarDialog::classNameAndFlags()
 void tst_BarDialog::treeByObjectNames_data()
 {
     QTest::addColumn<int>("skin");
-    QTest::addColumn<bool>("dark");
-    QTest::newRow("0") << 0 << false;
-    QTest::newRow("1") << 1 << false;
-    QTest::newRow("2") << 2 << true;
-    QTest::newRow("3") << 3 << false;
-    QTest::newRow("7") << 7 << false;
+    for (int skin : {0, 1, 2, 3, 7})
+        QTest::newRow(qPrintable(QString::number(skin))) << skin;
 }
 
 void tst_BarDialog::treeByObjectNames()
 {
     QFETCH(int, skin);
-    QFETCH(bool, dark);
+    const bool dark = skin == 2;
     const Orvane::DialogSkinStyle style = Orvane::dialogSkinStyle(skin);
     QCOMPARE(style.barStyle.contains(QLatin1String("#2E2F30")), dark);
     Probe dialog(skin);
