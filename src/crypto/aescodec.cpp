@@ -2,6 +2,8 @@
 
 #include "aesni_p.h"
 
+#include <QtEndian>
+
 #include <cstring>
 #include <utility>
 #include <limits>
@@ -74,28 +76,56 @@ static_assert(tables.rcon[10] == 0x36, "round constants");
 
 constexpr int BlockBytes = 16;
 
-inline quint32 loadColumn(const quint8 *p)
+// The portable cipher keeps the state as two 64-bit halves (columns 0-1 and
+// 2-3, byte r + 4c of the block at bit 8 * (r + 4c) of its half), so that the
+// compiler can keep it in registers from one round function to the next.
+// Byte masks of the rows in a half, and of the bytes' low seven bits.
+constexpr quint64 Row0 = 0x000000ff000000ffull;
+constexpr quint64 Row1 = 0x0000ff000000ff00ull;
+constexpr quint64 Row2 = 0x00ff000000ff0000ull;
+constexpr quint64 Row3 = 0xff000000ff000000ull;
+constexpr quint64 Low7 = 0x7f7f7f7f7f7f7f7full;
+constexpr quint64 Bit0 = 0x0101010101010101ull;
+
+// m_state always points at the halves of a PortableBlock, so they may be
+// read and written as quint64; such stores cannot change m_state itself, so
+// the compiler keeps the pointer and the halves in registers.
+inline quint64 *stateHalves(quint8 *state)
 {
-    return quint32(p[0]) | quint32(p[1]) << 8 | quint32(p[2]) << 16 | quint32(p[3]) << 24;
+    return reinterpret_cast<quint64 *>(state);
 }
 
-inline void storeColumn(quint8 *p, quint32 v)
+// Where byte i of the state lies in memory.
+constexpr int stateByte(int i)
 {
-    p[0] = quint8(v);
-    p[1] = quint8(v >> 8);
-    p[2] = quint8(v >> 16);
-    p[3] = quint8(v >> 24);
+    return Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? i : (i & 8) | (7 - (i & 7));
 }
 
-inline quint32 rotr32(quint32 v, int n)
+// xtime on eight bytes at once.
+inline quint64 xtime8(quint64 v)
 {
-    return (v >> n) | (v << (32 - n));
+    return ((v & Low7) << 1) ^ (((v >> 7) & Bit0) * 0x1b);
 }
 
-// xtime on the four bytes of a column at once.
-inline quint32 xtime4(quint32 v)
+// Each column turned down by one and two rows: byte r of the result is
+// byte r + 1 (r + 2) of the same column.
+inline quint64 rotateColumns8(quint64 v)
 {
-    return ((v & 0x7f7f7f7fu) << 1) ^ (((v >> 7) & 0x01010101u) * 0x1bu);
+    return ((v >> 8) & ~Row3) | ((v << 24) & Row3);
+}
+
+inline quint64 rotateColumns16(quint64 v)
+{
+    return ((v >> 16) & (Row0 | Row1)) | ((v << 16) & (Row2 | Row3));
+}
+
+// MixColumns on two columns: byte r becomes
+// 2·(a[r] + a[r+1]) + a[r+1] + (a[r+2] + a[r+3]).
+inline quint64 mixHalf(quint64 a)
+{
+    const quint64 a1 = rotateColumns8(a);
+    const quint64 t = a ^ a1;
+    return xtime8(t) ^ a1 ^ rotateColumns16(t);
 }
 
 inline void xorBlock(quint8 *out, const quint8 *a, const quint8 *b)
@@ -163,6 +193,26 @@ void backwardBlocks(int mode, Encrypt encrypt, Decrypt decrypt, quint8 *chain, c
         std::memcpy(chain, cipherText, BlockBytes);
     }
 }
+
+// The working block of the portable cipher: 16 bytes held as two 64-bit
+// halves, which the round functions read and write as such.
+class PortableBlock
+{
+public:
+    explicit PortableBlock(const quint8 *block)
+        : m_half{qFromLittleEndian<quint64>(block), qFromLittleEndian<quint64>(block + 8)}
+    {
+    }
+    quint8 *bytes() { return reinterpret_cast<quint8 *>(m_half); }
+    void store(quint8 *block) const
+    {
+        qToLittleEndian(m_half[0], block);
+        qToLittleEndian(m_half[1], block + 8);
+    }
+
+private:
+    quint64 m_half[2];
+};
 
 bool knownMode(int mode)
 {
@@ -246,8 +296,10 @@ QByteArray AESCodec::encode(const QByteArray &rawText, const QByteArray &key, co
             AesNi::encrypt(m_mode, w, m_nr, chain, in, to, blocks);
         } else {
             const auto encrypt = [this, w](quint8 *block) {
-                m_state = block;
+                PortableBlock state(block);
+                m_state = state.bytes();
                 cipher(w);
+                state.store(block);
             };
             forwardBlocks(m_mode, encrypt, chain, in, to, blocks);
         }
@@ -279,12 +331,16 @@ QByteArray AESCodec::decode(const QByteArray &rawText, const QByteArray &key, co
     const quint8 *w = bytes(expanded);
     const bool hardware = AesNi::enabled();
     const auto encrypt = [this, w](quint8 *block) {
-        m_state = block;
+        PortableBlock state(block);
+        m_state = state.bytes();
         cipher(w);
+        state.store(block);
     };
     const auto decrypt = [this, w](quint8 *block) {
-        m_state = block;
+        PortableBlock state(block);
+        m_state = state.bytes();
         invCipher(w);
+        state.store(block);
     };
     const auto blocks = std::size_t(whole / m_blockLen);
     if (hardware)
@@ -411,10 +467,10 @@ QByteArray AESCodec::RemovePadding(const QByteArray &rawText, Padding padding)
 
 inline void AESCodec::addRoundKey(int round, const quint8 *expandedKey)
 {
-    quint8 *s = m_state;
+    quint64 *s = stateHalves(m_state);
     const quint8 *k = expandedKey + round * m_nb * 4;
-    for (int i = 0; i < BlockBytes; ++i)
-        s[i] ^= k[i];
+    s[0] ^= qFromLittleEndian<quint64>(k);
+    s[1] ^= qFromLittleEndian<quint64>(k + 8);
 }
 
 inline quint8 AESCodec::getSBoxValue(quint8 num) const
@@ -427,80 +483,69 @@ inline quint8 AESCodec::getSBoxInvert(quint8 num) const
     return m_rsbox[num];
 }
 
+// The bytes are read one by one straight from the halves in memory, which
+// costs fewer instructions than shifting them out.
 inline void AESCodec::subBytes()
 {
-    quint8 *s = m_state;
-    for (int i = 0; i < BlockBytes; ++i)
-        s[i] = getSBoxValue(s[i]);
+    const quint8 *b = m_state;
+    quint64 v[2] = {0, 0};
+    for (int i = 0; i < 16; ++i)
+        v[i / 8] |= quint64(getSBoxValue(b[stateByte(i)])) << (8 * (i % 8));
+    quint64 *s = stateHalves(m_state);
+    s[0] = v[0];
+    s[1] = v[1];
 }
 
 inline void AESCodec::invSubBytes()
 {
-    quint8 *s = m_state;
-    for (int i = 0; i < BlockBytes; ++i)
-        s[i] = getSBoxInvert(s[i]);
+    const quint8 *b = m_state;
+    quint64 v[2] = {0, 0};
+    for (int i = 0; i < 16; ++i)
+        v[i / 8] |= quint64(getSBoxInvert(b[stateByte(i)])) << (8 * (i % 8));
+    quint64 *s = stateHalves(m_state);
+    s[0] = v[0];
+    s[1] = v[1];
 }
 
-// The state is column after column: byte r + 4c is row r, column c. Row r
-// turns left by r columns.
+// Row r turns left by r columns: row 1 and row 3 take the neighbouring
+// column across the halves, row 2 swaps the halves.
 inline void AESCodec::shiftRows()
 {
-    quint8 *s = m_state;
-    quint8 t = s[1];
-    s[1] = s[5];
-    s[5] = s[9];
-    s[9] = s[13];
-    s[13] = t;
-    std::swap(s[2], s[10]);
-    std::swap(s[6], s[14]);
-    t = s[15];
-    s[15] = s[11];
-    s[11] = s[7];
-    s[7] = s[3];
-    s[3] = t;
+    quint64 *s = stateHalves(m_state);
+    const quint64 lo = s[0];
+    const quint64 hi = s[1];
+    const quint64 next = (lo >> 32) | (hi << 32);     // columns 1, 2
+    const quint64 previous = (hi >> 32) | (lo << 32); // columns 3, 0
+    s[0] = (lo & Row0) | (next & Row1) | (hi & Row2) | (previous & Row3);
+    s[1] = (hi & Row0) | (previous & Row1) | (lo & Row2) | (next & Row3);
 }
 
 inline void AESCodec::invShiftRows()
 {
-    quint8 *s = m_state;
-    quint8 t = s[13];
-    s[13] = s[9];
-    s[9] = s[5];
-    s[5] = s[1];
-    s[1] = t;
-    std::swap(s[2], s[10]);
-    std::swap(s[6], s[14]);
-    t = s[3];
-    s[3] = s[7];
-    s[7] = s[11];
-    s[11] = s[15];
-    s[15] = t;
+    quint64 *s = stateHalves(m_state);
+    const quint64 lo = s[0];
+    const quint64 hi = s[1];
+    const quint64 next = (lo >> 32) | (hi << 32);
+    const quint64 previous = (hi >> 32) | (lo << 32);
+    s[0] = (lo & Row0) | (previous & Row1) | (hi & Row2) | (next & Row3);
+    s[1] = (hi & Row0) | (next & Row1) | (lo & Row2) | (previous & Row3);
 }
 
-// A column as a word, row 0 in the low byte: byte i of the result is
-// 2·a[i] + 3·a[i+1] + a[i+2] + a[i+3] = 2·(a[i] + a[i+1]) + a[i+1] + (a[i+2] + a[i+3]).
 inline void AESCodec::mixColumns()
 {
-    quint8 *s = m_state;
-    for (int c = 0; c < 4; ++c) {
-        const quint32 a = loadColumn(s + 4 * c);
-        const quint32 a1 = rotr32(a, 8);
-        const quint32 t = a ^ a1;
-        storeColumn(s + 4 * c, xtime4(t) ^ a1 ^ rotr32(t, 16));
-    }
+    quint64 *s = stateHalves(m_state);
+    s[0] = mixHalf(s[0]);
+    s[1] = mixHalf(s[1]);
 }
 
 // The inverse matrix is the forward one times {04}x^2 + {05}: first
-// a[i] += 4·(a[i] + a[i+2]), then the forward mixing.
+// a[r] += 4·(a[r] + a[r+2]), then the forward mixing.
 inline void AESCodec::invMixColumns()
 {
-    quint8 *s = m_state;
-    for (int c = 0; c < 4; ++c) {
-        quint32 a = loadColumn(s + 4 * c);
-        a ^= xtime4(xtime4(a ^ rotr32(a, 16)));
-        const quint32 a1 = rotr32(a, 8);
-        const quint32 t = a ^ a1;
-        storeColumn(s + 4 * c, xtime4(t) ^ a1 ^ rotr32(t, 16));
+    quint64 *s = stateHalves(m_state);
+    for (int h = 0; h < 2; ++h) {
+        const quint64 a = s[h];
+        s[h] = mixHalf(a ^ xtime8(xtime8(a ^ rotateColumns16(a))));
     }
 }
 
