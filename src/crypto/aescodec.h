@@ -31,13 +31,15 @@
 //   empty result from encode(), decode() and expandKey().
 // - An IV that is not exactly 16 bytes gives an empty result in Cbc, Cfb and
 //   Ofb; Ecb ignores the IV. A mode value outside the enumeration gives an
-//   empty result.
+//   empty result from encode() and decode(); a padding value outside it pads
+//   like ZeroPadding and removes nothing.
 // - decode() of input whose length is not a multiple of 16: Ecb and Cbc
 //   cannot decrypt a partial block and return an empty array; Cfb and Ofb
 //   decrypt the trailing partial block over its length, so the result is as
 //   long as the input.
 // - ZeroPadding removal stops at the empty array: an input of zero bytes
 //   only becomes empty.
+// - encode() of more than 1 GiB gives an empty result.
 // - printArray() of a null pointer or a size below 1 gives an empty array.
 // - The expanded-key length of AES192 reads 209 although the schedule makes
 //   208 bytes; the schedule always runs by Nb * (Nr + 1) words.
@@ -54,11 +56,13 @@ class ORVANE_EXPORT AESCodec : public QObject
     Q_OBJECT
 
 public:
-    enum Aes { Aes128 = 0, Aes192 = 1, Aes256 = 2 };
+    // The enumerations have int as their underlying type, so any int converts
+    // to them safely; values outside the lists are handled as described below.
+    enum Aes : int { Aes128 = 0, Aes192 = 1, Aes256 = 2 };
     Q_ENUM(Aes)
-    enum Mode { Ecb = 0, Cbc = 1, Cfb = 2, Ofb = 3 };
+    enum Mode : int { Ecb = 0, Cbc = 1, Cfb = 2, Ofb = 3 };
     Q_ENUM(Mode)
-    enum Padding { ZeroPadding = 0, Pkcs7Padding = 1, IsoPadding = 2 };
+    enum Padding : int { ZeroPadding = 0, Pkcs7Padding = 1, IsoPadding = 2 };
     Q_ENUM(Padding)
 
     // Parameters of a key size: Nk (key words), key bytes, Nr (rounds),

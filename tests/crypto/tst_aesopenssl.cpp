@@ -19,7 +19,7 @@ Q_DECLARE_METATYPE(AESCodec::Padding)
 
 namespace {
 
-constexpr int casesPerRow = 120;
+constexpr int casesPerRow = 1000;
 
 const EVP_CIPHER *referenceCipher(AESCodec::Aes level, AESCodec::Mode mode)
 {
