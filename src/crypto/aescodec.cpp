@@ -101,6 +101,20 @@ constexpr int stateByte(int i)
     return Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? i : (i & 8) | (7 - (i & 7));
 }
 
+// Every byte of the state through `box`. The bytes are read one by one
+// straight from the halves in memory, which costs fewer instructions than
+// shifting them out.
+template <typename Box>
+inline void substitute(quint8 *state, Box box)
+{
+    quint64 v[2] = {0, 0};
+    for (int i = 0; i < 16; ++i)
+        v[i / 8] |= quint64(box(state[stateByte(i)])) << (8 * (i % 8));
+    quint64 *s = stateHalves(state);
+    s[0] = v[0];
+    s[1] = v[1];
+}
+
 // xtime on eight bytes at once.
 inline quint64 xtime8(quint64 v)
 {
@@ -177,13 +191,11 @@ void backwardBlocks(int mode, Encrypt encrypt, Decrypt decrypt, quint8 *chain, c
         std::memcpy(cipherText, in, BlockBytes);
         switch (mode) {
         case AESCodec::Ecb:
-            std::memmove(out, in, BlockBytes);
-            decrypt(out);
-            break;
         case AESCodec::Cbc:
             std::memmove(out, in, BlockBytes);
             decrypt(out);
-            xorBlock(out, out, chain);
+            if (mode == AESCodec::Cbc)
+                xorBlock(out, out, chain);
             break;
         default: // Cfb
             encrypt(chain);
@@ -483,28 +495,14 @@ inline quint8 AESCodec::getSBoxInvert(quint8 num) const
     return m_rsbox[num];
 }
 
-// The bytes are read one by one straight from the halves in memory, which
-// costs fewer instructions than shifting them out.
 inline void AESCodec::subBytes()
 {
-    const quint8 *b = m_state;
-    quint64 v[2] = {0, 0};
-    for (int i = 0; i < 16; ++i)
-        v[i / 8] |= quint64(getSBoxValue(b[stateByte(i)])) << (8 * (i % 8));
-    quint64 *s = stateHalves(m_state);
-    s[0] = v[0];
-    s[1] = v[1];
+    substitute(m_state, [this](quint8 b) { return getSBoxValue(b); });
 }
 
 inline void AESCodec::invSubBytes()
 {
-    const quint8 *b = m_state;
-    quint64 v[2] = {0, 0};
-    for (int i = 0; i < 16; ++i)
-        v[i / 8] |= quint64(getSBoxInvert(b[stateByte(i)])) << (8 * (i % 8));
-    quint64 *s = stateHalves(m_state);
-    s[0] = v[0];
-    s[1] = v[1];
+    substitute(m_state, [this](quint8 b) { return getSBoxInvert(b); });
 }
 
 // Row r turns left by r columns: row 1 and row 3 take the neighbouring

@@ -107,23 +107,41 @@ ORVANE_AESNI_TARGET inline RoundKeys inverseKeys(const quint8 *roundKeys, int nr
     return keys;
 }
 
-ORVANE_AESNI_TARGET inline __m128i encryptBlock(__m128i b, const RoundKeys &keys)
+// One round of the cipher (Forward) or of the equivalent inverse cipher.
+template <bool Forward>
+ORVANE_AESNI_TARGET inline __m128i oneRound(__m128i b, __m128i key)
+{
+    return Forward ? _mm_aesenc_si128(b, key) : _mm_aesdec_si128(b, key);
+}
+
+template <bool Forward>
+ORVANE_AESNI_TARGET inline __m128i finalRound(__m128i b, __m128i key)
+{
+    return Forward ? _mm_aesenclast_si128(b, key) : _mm_aesdeclast_si128(b, key);
+}
+
+template <bool Forward>
+ORVANE_AESNI_TARGET inline __m128i cipherBlock(__m128i b, const RoundKeys &keys)
 {
     b = _mm_xor_si128(b, keys.k[0]);
     for (int r = 1; r < keys.nr; ++r)
-        b = _mm_aesenc_si128(b, keys.k[r]);
-    return _mm_aesenclast_si128(b, keys.k[keys.nr]);
+        b = oneRound<Forward>(b, keys.k[r]);
+    return finalRound<Forward>(b, keys.k[keys.nr]);
+}
+
+ORVANE_AESNI_TARGET inline __m128i encryptBlock(__m128i b, const RoundKeys &keys)
+{
+    return cipherBlock<true>(b, keys);
 }
 
 ORVANE_AESNI_TARGET inline __m128i decryptBlock(__m128i b, const RoundKeys &keys)
 {
-    b = _mm_xor_si128(b, keys.k[0]);
-    for (int r = 1; r < keys.nr; ++r)
-        b = _mm_aesdec_si128(b, keys.k[r]);
-    return _mm_aesdeclast_si128(b, keys.k[keys.nr]);
+    return cipherBlock<false>(b, keys);
 }
 
-ORVANE_AESNI_TARGET inline void encryptLanes(__m128i *b, const RoundKeys &keys)
+// Lanes blocks side by side, each round key loaded once for all of them.
+template <bool Forward>
+ORVANE_AESNI_TARGET inline void cipherLanes(__m128i *b, const RoundKeys &keys)
 {
     ORVANE_UNROLL
     for (int j = 0; j < Lanes; ++j)
@@ -132,29 +150,12 @@ ORVANE_AESNI_TARGET inline void encryptLanes(__m128i *b, const RoundKeys &keys)
         const __m128i k = keys.k[r];
         ORVANE_UNROLL
         for (int j = 0; j < Lanes; ++j)
-            b[j] = _mm_aesenc_si128(b[j], k);
+            b[j] = oneRound<Forward>(b[j], k);
     }
     const __m128i last = keys.k[keys.nr];
     ORVANE_UNROLL
     for (int j = 0; j < Lanes; ++j)
-        b[j] = _mm_aesenclast_si128(b[j], last);
-}
-
-ORVANE_AESNI_TARGET inline void decryptLanes(__m128i *b, const RoundKeys &keys)
-{
-    ORVANE_UNROLL
-    for (int j = 0; j < Lanes; ++j)
-        b[j] = _mm_xor_si128(b[j], keys.k[0]);
-    for (int r = 1; r < keys.nr; ++r) {
-        const __m128i k = keys.k[r];
-        ORVANE_UNROLL
-        for (int j = 0; j < Lanes; ++j)
-            b[j] = _mm_aesdec_si128(b[j], k);
-    }
-    const __m128i last = keys.k[keys.nr];
-    ORVANE_UNROLL
-    for (int j = 0; j < Lanes; ++j)
-        b[j] = _mm_aesdeclast_si128(b[j], last);
+        b[j] = finalRound<Forward>(b[j], last);
 }
 
 // Ecb either way: every block on its own, Lanes at a time.
@@ -168,9 +169,9 @@ ORVANE_AESNI_TARGET void ecb(const RoundKeys &keys, bool forward, const quint8 *
         for (int j = 0; j < Lanes; ++j)
             b[j] = load(in + 16 * (i + std::size_t(j)));
         if (forward)
-            encryptLanes(b, keys);
+            cipherLanes<true>(b, keys);
         else
-            decryptLanes(b, keys);
+            cipherLanes<false>(b, keys);
         ORVANE_UNROLL
         for (int j = 0; j < Lanes; ++j)
             store(out + 16 * (i + std::size_t(j)), b[j]);
@@ -199,13 +200,13 @@ ORVANE_AESNI_TARGET void chainedBackward(const RoundKeys &keys, bool cbc, quint8
             ORVANE_UNROLL
             for (int j = 0; j < Lanes; ++j)
                 b[j] = c[j];
-            decryptLanes(b, keys);
+            cipherLanes<false>(b, keys);
         } else {
             b[0] = previous;
             ORVANE_UNROLL
             for (int j = 1; j < Lanes; ++j)
                 b[j] = c[j - 1];
-            encryptLanes(b, keys);
+            cipherLanes<true>(b, keys);
         }
         // Cbc XORs with the previous ciphertext, Cfb with the current one.
         store(out + 16 * i, _mm_xor_si128(b[0], cbc ? previous : c[0]));
@@ -288,8 +289,12 @@ void expandKey(const quint8 *key, int nk, int nr, quint8 *roundKeys)
     }
 }
 
-ORVANE_AESNI_TARGET void encrypt(int mode, const quint8 *roundKeys, int nr, quint8 *chain, const quint8 *in,
-                                 quint8 *out, std::size_t blocks)
+// The entry points below carry no target attribute of their own, so that
+// their declarations match; the work happens in these.
+namespace {
+
+ORVANE_AESNI_TARGET void encryptModes(int mode, const quint8 *roundKeys, int nr, quint8 *chain,
+                                      const quint8 *in, quint8 *out, std::size_t blocks)
 {
     const RoundKeys keys = forwardKeys(roundKeys, nr);
     if (mode == AESCodec::Ecb)
@@ -298,8 +303,8 @@ ORVANE_AESNI_TARGET void encrypt(int mode, const quint8 *roundKeys, int nr, quin
         chainedForward(keys, mode, chain, in, out, blocks);
 }
 
-ORVANE_AESNI_TARGET void decrypt(int mode, const quint8 *roundKeys, int nr, quint8 *chain, const quint8 *in,
-                                 quint8 *out, std::size_t blocks)
+ORVANE_AESNI_TARGET void decryptModes(int mode, const quint8 *roundKeys, int nr, quint8 *chain,
+                                      const quint8 *in, quint8 *out, std::size_t blocks)
 {
     switch (mode) {
     case AESCodec::Ecb:
@@ -315,6 +320,20 @@ ORVANE_AESNI_TARGET void decrypt(int mode, const quint8 *roundKeys, int nr, quin
         chainedForward(forwardKeys(roundKeys, nr), mode, chain, in, out, blocks);
         break;
     }
+}
+
+} // namespace
+
+void encrypt(int mode, const quint8 *roundKeys, int nr, quint8 *chain, const quint8 *in, quint8 *out,
+             std::size_t blocks)
+{
+    encryptModes(mode, roundKeys, nr, chain, in, out, blocks);
+}
+
+void decrypt(int mode, const quint8 *roundKeys, int nr, quint8 *chain, const quint8 *in, quint8 *out,
+             std::size_t blocks)
+{
+    decryptModes(mode, roundKeys, nr, chain, in, out, blocks);
 }
 
 #else // no AES instructions on this architecture: supported() is false

@@ -1,6 +1,6 @@
 #include <Orvane/orvanecrypto.h>
 
-#include "crypto/aesni_p.h"
+#include "aestestdata.h"
 
 #include <QThread>
 #include <QtTest>
@@ -8,10 +8,6 @@
 #include <vector>
 
 using Orvane::AESCodec;
-
-Q_DECLARE_METATYPE(AESCodec::Aes)
-Q_DECLARE_METATYPE(AESCodec::Mode)
-Q_DECLARE_METATYPE(AESCodec::Padding)
 
 namespace {
 
@@ -99,17 +95,13 @@ private Q_SLOTS:
 // them) and through the portable round functions.
 void tst_AESCodec::initTestCase_data()
 {
-    QTest::addColumn<bool>("instructions");
-    QTest::newRow("instructions") << true;
-    QTest::newRow("portable") << false;
-    if (!Orvane::AesNi::supported())
-        qInfo("this CPU has no AES instructions: both rows run the portable path");
+    AesTestData::addPathRows();
 }
 
 void tst_AESCodec::init()
 {
+    AesTestData::selectPath();
     QFETCH_GLOBAL(bool, instructions);
-    Orvane::AesNi::setAllowed(instructions);
     QCOMPARE(Orvane::AesNi::enabled(), instructions && Orvane::AesNi::supported());
 }
 
@@ -429,18 +421,7 @@ void tst_AESCodec::unknownModeAndPadding()
 
 void tst_AESCodec::roundTrip_data()
 {
-    QTest::addColumn<AESCodec::Aes>("level");
-    QTest::addColumn<AESCodec::Mode>("mode");
-    QTest::addColumn<AESCodec::Padding>("padding");
-
-    const char *levels[] = {"128", "192", "256"};
-    const char *modes[] = {"ecb", "cbc", "cfb", "ofb"};
-    const char *paddings[] = {"zero", "pkcs7", "iso"};
-    for (int l = 0; l < 3; ++l)
-        for (int m = 0; m < 4; ++m)
-            for (int p = 0; p < 3; ++p)
-                QTest::addRow("%s %s %s", levels[l], modes[m], paddings[p])
-                    << AESCodec::Aes(l) << AESCodec::Mode(m) << AESCodec::Padding(p);
+    AesTestData::addEveryCombination();
 }
 
 void tst_AESCodec::roundTrip()

@@ -2,7 +2,7 @@
 // every key size, mode and padding, through both cipher paths.
 #include <Orvane/orvanecrypto.h>
 
-#include "crypto/aesni_p.h"
+#include "aestestdata.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -12,10 +12,6 @@
 #include <memory>
 
 using Orvane::AESCodec;
-
-Q_DECLARE_METATYPE(AESCodec::Aes)
-Q_DECLARE_METATYPE(AESCodec::Mode)
-Q_DECLARE_METATYPE(AESCodec::Padding)
 
 namespace {
 
@@ -131,15 +127,12 @@ private Q_SLOTS:
 
 void tst_AESOpenSsl::initTestCase_data()
 {
-    QTest::addColumn<bool>("instructions");
-    QTest::newRow("instructions") << true;
-    QTest::newRow("portable") << false;
+    AesTestData::addPathRows();
 }
 
 void tst_AESOpenSsl::init()
 {
-    QFETCH_GLOBAL(bool, instructions);
-    Orvane::AesNi::setAllowed(instructions);
+    AesTestData::selectPath();
 }
 
 void tst_AESOpenSsl::cleanupTestCase()
@@ -149,18 +142,7 @@ void tst_AESOpenSsl::cleanupTestCase()
 
 void tst_AESOpenSsl::crossCheck_data()
 {
-    QTest::addColumn<AESCodec::Aes>("level");
-    QTest::addColumn<AESCodec::Mode>("mode");
-    QTest::addColumn<AESCodec::Padding>("padding");
-
-    const char *levels[] = {"128", "192", "256"};
-    const char *modes[] = {"ecb", "cbc", "cfb", "ofb"};
-    const char *paddings[] = {"zero", "pkcs7", "iso"};
-    for (int l = 0; l < 3; ++l)
-        for (int m = 0; m < 4; ++m)
-            for (int p = 0; p < 3; ++p)
-                QTest::addRow("%s %s %s", levels[l], modes[m], paddings[p])
-                    << AESCodec::Aes(l) << AESCodec::Mode(m) << AESCodec::Padding(p);
+    AesTestData::addEveryCombination();
 }
 
 void tst_AESOpenSsl::crossCheck()
