@@ -1,35 +1,53 @@
 #ifndef ORVANE_CACHEDSHADOWEFFECT_P_H
 #define ORVANE_CACHEDSHADOWEFFECT_P_H
 
-// The drop shadow the library's widgets install. It is a
-// QGraphicsDropShadowEffect in every respect a host can see (the cast, the
-// offset, blur radius and colour read back as set, enabling, the bounding
-// rectangle) but it blurs only when something the shadow depends on has
-// changed: Qt's own effect re-blurs on every paint, which costs far more than
-// painting the widget.
+// The drop shadow the library's widgets install. To a host it is a
+// QGraphicsDropShadowEffect in every respect (the cast, offset, blur radius
+// and colour as set, enabling, the bounding rectangle, the pixels drawn), but
+// it blurs only when the shadow can have changed, where Qt's own effect
+// renders its source and blurs it again on every paint.
 //
-// Every paint still renders the source, as Qt does, and compares its pixels
-// (which include its size and device pixel ratio) with the last ones. While
-// they and the offset, radius and colour are unchanged, the shadow is drawn
-// again from a kept image: Qt's own drawing of shadow and source, made once
-// into a transparent image and blended in one step. Moving the widget keeps
-// the image; any change of state, text, size or screen makes a new one.
+// The shadow is Qt's own: on a change the effect lets Qt draw it onto a
+// recording device and keeps the shadow image Qt made. It is reused while the
+// offset, radius and colour, the device pixel ratio and the alpha channel of
+// the rendered source are unchanged (the shadow depends on nothing else), so
+// a state that only recolours the widget costs a render but no blur.
+//
+// Rendering the source costs about as much as painting the widget again, so
+// the effect also skips the render while Qt's own record of the source is
+// valid: Qt keeps the last rendered source in QPixmapCache and drops it as
+// soon as the widget or one of its children is marked for repainting, and
+// its drawSource() paints from that copy. While the entry lives (seen through
+// the effect's own reference to the same pixmap), the widget stays shown with
+// updates enabled, and the painter's transform, the device pixel ratio and
+// the widget's size are the ones of the last render, the effect draws the
+// kept shadow and lets drawSource() paint the source.
 //
 // Decisions:
-// - A painter with an opacity below 1 or another composition mode than
-//   source-over gets Qt's drawing every time: there the shadow and the source
-//   must be blended one after the other.
-// - The kept image and the last source pixels cost about twice the padded
-//   source's size in memory per widget; they are dropped when the effect is
-//   taken off its widget.
-// - Internal: not exported, owned like any effect by the widget it is set on.
+// - Everything else takes the full path: a widget that is hidden, or was
+//   hidden since the last render, renders its source on every paint, as do
+//   an effect set on a widget other than its parent and a source evicted
+//   from QPixmapCache. Results stay right; only the render is paid.
+// - A change that never calls update() on the widget (a style record shared
+//   with another button and changed through that one) shows at the widget's
+//   next update(), as with every Qt effect that paints through drawSource().
+// - Memory: the kept shadow image and a reference to the last rendered
+//   source, each the size of the widget padded by the shadow, per widget;
+//   both are released when the effect is taken off its widget.
+// - Internal: not exported; owned like any effect by the widget it is set on.
 
 #include <QColor>
 #include <QGraphicsDropShadowEffect>
 #include <QImage>
+#include <QPixmap>
+#include <QPoint>
 #include <QPointF>
+#include <QPointer>
+#include <QRectF>
+#include <QTransform>
 
 class QPainter;
+class QWidget;
 
 namespace Orvane {
 
@@ -43,21 +61,36 @@ public:
 
     // How many times the shadow has been blurred so far.
     int blurCount() const { return m_blurs; }
+    // How many paints rendered the source so far.
+    int renderCount() const { return m_renders; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     void draw(QPainter *painter) override;
     void sourceChanged(ChangeFlags flags) override;
 
 private:
-    bool matches(const QImage &source) const;
-    void compose(const QImage &source, const QPoint &at);
+    QWidget *watchedWidget();
+    bool sourceStillValid(const QPainter *painter, const QWidget *widget) const;
+    bool shadowFits(const QImage &source) const;
+    bool blur();
+    void drawShadow(QPainter *painter) const;
+    void forget();
 
-    QImage m_source;
-    QImage m_composed;
+    QImage m_shadow;
+    QPixmap m_source;
+    QImage m_sourceImage;
+    QPoint m_at;
     QPointF m_offset;
     qreal m_blurRadius;
     QColor m_color;
+    QTransform m_transform;
+    qreal m_devicePixelRatio;
+    QRectF m_sourceRect;
+    QPointer<QWidget> m_watched;
     int m_blurs;
+    int m_renders;
 
     Q_DISABLE_COPY(CachedShadowEffect)
 };

@@ -1,0 +1,509 @@
+// The image button's drop shadow against Qt's own QGraphicsDropShadowEffect
+// on the same button: the same pixels in every state, after every change,
+// and blurred again only when the shadow can have changed.
+
+#include <Orvane/buttonstyles.h>
+#include <Orvane/imagebutton.h>
+#include <Orvane/imagebuttonstyle.h>
+#include <Orvane/shadoweffect.h>
+
+#include "widgets/cachedshadoweffect_p.h"
+
+#include <QApplication>
+#include <QGraphicsDropShadowEffect>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+using namespace Orvane;
+
+namespace {
+
+using Factory = QSharedPointer<ImageButtonStyle> (*)();
+
+// A button with room around it for its whole shadow; with `qtShadow` the
+// button carries Qt's plain effect, which the button then drives per state.
+struct Framed
+{
+    Framed(Factory factory, bool qtShadow)
+        : frame(new QWidget)
+    {
+        auto *box = new QVBoxLayout(frame.get());
+        box->setContentsMargins(40, 40, 40, 40);
+        button = new ImageButton(factory(), frame.get());
+        button->setText(QStringLiteral("Shadowed"));
+        if (qtShadow) {
+            button->setGraphicsEffect(new QGraphicsDropShadowEffect(button));
+            button->refresh();
+        }
+        box->addWidget(button);
+        frame->resize(frame->sizeHint());
+    }
+    std::unique_ptr<QWidget> frame;
+    ImageButton *button = nullptr;
+};
+
+// One render of `w` and its children onto a transparent image.
+QImage paint(QWidget &w, qreal dpr = 1.0, qreal opacity = 1.0)
+{
+    QImage image(w.size() * dpr, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(dpr);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setOpacity(opacity);
+    w.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+    painter.end();
+    return image.convertToFormat(QImage::Format_ARGB32);
+}
+
+// Empty when every channel of every pixel is within `tolerance`, else where
+// and by how much the first pixel differs and how many do.
+QString difference(const QImage &ours, const QImage &qts, int tolerance = 2)
+{
+    if (ours.size() != qts.size())
+        return QStringLiteral("sizes differ");
+    int count = 0;
+    QString first;
+    for (int y = 0; y < ours.height(); ++y) {
+        for (int x = 0; x < ours.width(); ++x) {
+            const QRgb a = ours.pixel(x, y);
+            const QRgb b = qts.pixel(x, y);
+            if (qAbs(qRed(a) - qRed(b)) > tolerance || qAbs(qGreen(a) - qGreen(b)) > tolerance
+                || qAbs(qBlue(a) - qBlue(b)) > tolerance || qAbs(qAlpha(a) - qAlpha(b)) > tolerance) {
+                if (count++ == 0)
+                    first = QStringLiteral("(%1, %2): #%3 against Qt's #%4").arg(x).arg(y).arg(a, 8, 16).arg(b, 8, 16);
+            }
+        }
+    }
+    return count ? QStringLiteral("%1 pixels differ, first at %2").arg(count).arg(first) : QString();
+}
+
+// Whether the area under the button shows some shadow at all.
+bool hasShadowBelow(const QImage &image, const QWidget &button)
+{
+    const QRect r = button.geometry();
+    return qAlpha(image.pixel(r.center().x(), r.bottom() + 6)) > 0;
+}
+
+#define COMPARE_LOOKS(ours, qts)                                                                    \
+    do {                                                                                            \
+        const QImage ours_ = (ours);                                                                \
+        const QImage qts_ = (qts);                                                                  \
+        const QString diff_ = difference(ours_, qts_);                                              \
+        if (!diff_.isEmpty()) {                                                                     \
+            ours_.save(QDir::temp().filePath(QStringLiteral("shadow-ours.png")));                  \
+            qts_.save(QDir::temp().filePath(QStringLiteral("shadow-qt.png")));                     \
+        }                                                                                           \
+        QVERIFY2(diff_.isEmpty(), qPrintable(diff_));                                              \
+    } while (false)
+
+// Both frames shown and laid out, as a window is before it paints.
+bool showBoth(Framed &ours, Framed &qts)
+{
+    ours.frame->show();
+    qts.frame->show();
+    return QTest::qWaitForWindowExposed(ours.frame.get()) && QTest::qWaitForWindowExposed(qts.frame.get());
+}
+
+CachedShadowEffect *ourEffect(ImageButton *b)
+{
+    return qobject_cast<CachedShadowEffect *>(b->graphicsEffect());
+}
+
+// The states a button can show, set the same way on both buttons.
+enum class Change { None, Hover, Press, Check, Disable, Resize, Text };
+
+void apply(ImageButton *b, Change change)
+{
+    switch (change) {
+    case Change::None:
+        break;
+    case Change::Hover:
+        b->bindMouseMoveIn(true);
+        b->refresh();
+        break;
+    case Change::Press:
+        b->bindMouseMoveIn(true);
+        b->bindMousePressed(true);
+        b->refresh();
+        break;
+    case Change::Check:
+        b->setCheckable(true);
+        b->setChecked(true);
+        break;
+    case Change::Disable:
+        b->setEnabled(false);
+        break;
+    case Change::Resize:
+        b->setFixedSize(170, 44);
+        break;
+    case Change::Text:
+        b->setText(QStringLiteral("Another text"));
+        break;
+    }
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Factory)
+Q_DECLARE_METATYPE(Change)
+
+class tst_CachedShadowEffect : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void isQtsDropShadow();
+    void enabledPerState();
+    void looksLikeQts_data();
+    void looksLikeQts();
+    void shownLooksLikeQtsThroughChanges_data();
+    void shownLooksLikeQtsThroughChanges();
+    void repaintKeepsBlurAndRender();
+    void recolouringStateKeepsBlur();
+    void resizeBlursAgain();
+    void effectPropertiesBlurAgain();
+    void changeWhileHiddenIsSeen();
+    void changeWhileParentHiddenIsSeen();
+    void highDevicePixelRatio();
+    void translucentPainter();
+    void noBlurNoOffset();
+    void effectOnAnotherWidget();
+    void removedEffectReleasesCache();
+};
+
+void tst_CachedShadowEffect::cleanup()
+{
+    QTRY_VERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+void tst_CachedShadowEffect::isQtsDropShadow()
+{
+    ImageButton b(makeBtnStyle_Default());
+    auto *effect = qobject_cast<QGraphicsDropShadowEffect *>(b.graphicsEffect());
+    QVERIFY(effect);
+    QVERIFY(ourEffect(&b));
+    QCOMPARE(effect->parent(), &b);
+    QCOMPARE(effect->offset(), QPointF(0, 3));
+    QCOMPARE(effect->blurRadius(), 30.0);
+    QColor colour(QStringLiteral("#4C69FF"));
+    colour.setAlphaF(double(0.3f));
+    QCOMPARE(effect->color(), colour);
+    // The bounding rectangle is Qt's for the same offset and radius.
+    QGraphicsDropShadowEffect qts;
+    qts.setOffset(0, 3);
+    qts.setBlurRadius(30);
+    QCOMPARE(effect->boundingRectFor(QRectF(0, 0, 110, 30)), qts.boundingRectFor(QRectF(0, 0, 110, 30)));
+}
+
+void tst_CachedShadowEffect::enabledPerState()
+{
+    ImageButton b(makeBtnStyle_Default());
+    auto *effect = qobject_cast<QGraphicsDropShadowEffect *>(b.graphicsEffect());
+    QVERIFY(effect->isEnabled());
+    b.setEnabled(false);
+    QCOMPARE(b.graphicsEffect(), effect);
+    QVERIFY(!effect->isEnabled());
+    b.setEnabled(true);
+    QVERIFY(effect->isEnabled());
+
+    ImageButton ring(makeBtnStyle_Ring());
+    QCOMPARE(ring.graphicsEffect(), nullptr);
+    ring.bindMouseMoveIn(true);
+    ring.refresh();
+    QVERIFY(ourEffect(&ring));
+    QVERIFY(ring.graphicsEffect()->isEnabled());
+    ring.bindMouseMoveIn(false);
+    ring.refresh();
+    QVERIFY(!ring.graphicsEffect()->isEnabled());
+}
+
+void tst_CachedShadowEffect::looksLikeQts_data()
+{
+    QTest::addColumn<Factory>("factory");
+    QTest::addColumn<Change>("change");
+    const struct
+    {
+        const char *name;
+        Factory factory;
+    } styles[] = {{"default", &makeBtnStyle_Default}, {"orange", &makeBtnStyle_Orange}, {"ring", &makeBtnStyle_Ring}};
+    const struct
+    {
+        const char *name;
+        Change change;
+    } changes[] = {{"normal", Change::None},     {"hover", Change::Hover},   {"pressed", Change::Press}, {"checked", Change::Check},
+                   {"disabled", Change::Disable}, {"resized", Change::Resize}, {"new text", Change::Text}};
+    for (const auto &style : styles) {
+        for (const auto &change : changes)
+            QTest::newRow(qPrintable(QStringLiteral("%1, %2").arg(QLatin1String(style.name), QLatin1String(change.name))))
+                << style.factory << change.change;
+    }
+}
+
+void tst_CachedShadowEffect::looksLikeQts()
+{
+    QFETCH(Factory, factory);
+    QFETCH(Change, change);
+    Framed ours(factory, false);
+    Framed qts(factory, true);
+    // A first paint in the normal state, so that the change meets a cache.
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    apply(ours.button, change);
+    apply(qts.button, change);
+    ours.frame->resize(ours.frame->sizeHint());
+    qts.frame->resize(qts.frame->sizeHint());
+    const QImage image = paint(*ours.frame);
+    COMPARE_LOOKS(image, paint(*qts.frame));
+    COMPARE_LOOKS(paint(*ours.frame), image);
+    if (qts.button->graphicsEffect()->isEnabled())
+        QVERIFY(hasShadowBelow(image, *ours.button));
+}
+
+void tst_CachedShadowEffect::shownLooksLikeQtsThroughChanges_data()
+{
+    QTest::addColumn<Factory>("factory");
+    QTest::newRow("default") << &makeBtnStyle_Default;
+    QTest::newRow("orange") << &makeBtnStyle_Orange;
+    QTest::newRow("ring") << &makeBtnStyle_Ring;
+}
+
+void tst_CachedShadowEffect::shownLooksLikeQtsThroughChanges()
+{
+    QFETCH(Factory, factory);
+    Framed ours(factory, false);
+    Framed qts(factory, true);
+    QVERIFY(showBoth(ours, qts));
+
+    const std::function<void(ImageButton *)> steps[] = {
+        [](ImageButton *b) { apply(b, Change::Hover); },
+        [](ImageButton *b) { b->bindMousePressed(true); b->refresh(); },
+        [](ImageButton *b) { b->bindMousePressed(false); b->refresh(); },
+        [](ImageButton *b) { b->resetMouseState(); b->refresh(); },
+        [](ImageButton *b) { apply(b, Change::Disable); },
+        [](ImageButton *b) { b->setEnabled(true); },
+        [](ImageButton *b) { apply(b, Change::Check); },
+        [](ImageButton *b) { b->setChecked(false); },
+        [](ImageButton *b) { apply(b, Change::Resize); },
+        [](ImageButton *b) { apply(b, Change::Hover); },
+        [](ImageButton *b) { apply(b, Change::Text); },
+    };
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    int step = 0;
+    for (const auto &change : steps) {
+        change(ours.button);
+        change(qts.button);
+        QApplication::processEvents();
+        const QImage qtImage = paint(*qts.frame);
+        // Twice: the second paint comes from what the first one kept.
+        for (int i = 0; i < 2; ++i) {
+            const QImage image = paint(*ours.frame);
+            const QString diff = difference(image, qtImage);
+            QVERIFY2(diff.isEmpty(), qPrintable(QStringLiteral("step %1, paint %2: %3").arg(step).arg(i).arg(diff)));
+        }
+        ++step;
+    }
+}
+
+void tst_CachedShadowEffect::repaintKeepsBlurAndRender()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    ours.frame->show();
+    QVERIFY(QTest::qWaitForWindowExposed(ours.frame.get()));
+    CachedShadowEffect *effect = ourEffect(ours.button);
+    QVERIFY(effect);
+    const QImage first = paint(*ours.frame);
+    const int blurs = effect->blurCount();
+    const int renders = effect->renderCount();
+    QVERIFY(blurs >= 1);
+    for (int i = 0; i < 3; ++i)
+        COMPARE_LOOKS(paint(*ours.frame), first);
+    QCOMPARE(effect->blurCount(), blurs);
+    // Nothing was marked for repainting: the source is not even rendered.
+    QCOMPARE(effect->renderCount(), renders);
+
+    // A repaint of the window from the event loop draws from the cache too.
+    ours.frame->update();
+    QApplication::processEvents();
+    QCOMPARE(effect->blurCount(), blurs);
+}
+
+void tst_CachedShadowEffect::recolouringStateKeepsBlur()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    QVERIFY(showBoth(ours, qts));
+    CachedShadowEffect *effect = ourEffect(ours.button);
+    paint(*ours.frame);
+    const int blurs = effect->blurCount();
+    const int renders = effect->renderCount();
+
+    // Hover only recolours the pill: rendered again, the same shadow kept.
+    apply(ours.button, Change::Hover);
+    apply(qts.button, Change::Hover);
+    QApplication::processEvents();
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    QCOMPARE(effect->renderCount(), renders + 1);
+    QCOMPARE(effect->blurCount(), blurs);
+
+    // So does a new text on the opaque pill.
+    apply(ours.button, Change::Text);
+    apply(qts.button, Change::Text);
+    QApplication::processEvents();
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    QCOMPARE(effect->blurCount(), blurs);
+}
+
+void tst_CachedShadowEffect::resizeBlursAgain()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    QVERIFY(showBoth(ours, qts));
+    CachedShadowEffect *effect = ourEffect(ours.button);
+    paint(*ours.frame);
+    const int blurs = effect->blurCount();
+
+    apply(ours.button, Change::Resize);
+    apply(qts.button, Change::Resize);
+    QApplication::processEvents();
+    QCOMPARE(ours.button->size(), QSize(170, 44));
+    const QImage image = paint(*ours.frame);
+    COMPARE_LOOKS(image, paint(*qts.frame));
+    QCOMPARE(effect->blurCount(), blurs + 1);
+    QVERIFY(hasShadowBelow(image, *ours.button));
+}
+
+void tst_CachedShadowEffect::effectPropertiesBlurAgain()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    QVERIFY(showBoth(ours, qts));
+    CachedShadowEffect *effect = ourEffect(ours.button);
+    auto *qtEffect = qobject_cast<QGraphicsDropShadowEffect *>(qts.button->graphicsEffect());
+    paint(*ours.frame);
+
+    const std::function<void(QGraphicsDropShadowEffect *)> changes[] = {
+        [](QGraphicsDropShadowEffect *e) { e->setColor(QColor(200, 20, 20, 160)); },
+        [](QGraphicsDropShadowEffect *e) { e->setOffset(4, -2); },
+        [](QGraphicsDropShadowEffect *e) { e->setBlurRadius(12); },
+    };
+    for (const auto &change : changes) {
+        const int blurs = effect->blurCount();
+        change(effect);
+        change(qtEffect);
+        COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+        QCOMPARE(effect->blurCount(), blurs + 1);
+    }
+}
+
+void tst_CachedShadowEffect::changeWhileHiddenIsSeen()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    QVERIFY(showBoth(ours, qts));
+    paint(*ours.frame);
+
+    // Hidden, a change marks nothing for repainting; shown again, the next
+    // paint must not come from the copy made before.
+    for (Framed *f : {&ours, &qts}) {
+        f->button->hide();
+        f->button->setBackground(QColor(Qt::red));
+        f->button->show();
+    }
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+}
+
+void tst_CachedShadowEffect::changeWhileParentHiddenIsSeen()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    QVERIFY(showBoth(ours, qts));
+    paint(*ours.frame);
+
+    for (Framed *f : {&ours, &qts}) {
+        f->frame->hide();
+        f->button->setBackground(QColor(Qt::red));
+        f->frame->show();
+    }
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+}
+
+void tst_CachedShadowEffect::highDevicePixelRatio()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    QVERIFY(showBoth(ours, qts));
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    const QImage twice = paint(*ours.frame, 2.0);
+    COMPARE_LOOKS(twice, paint(*qts.frame, 2.0));
+    QCOMPARE(twice.size(), ours.frame->size() * 2);
+    COMPARE_LOOKS(paint(*ours.frame, 2.0), twice);
+    // And back to a ratio of 1.
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+}
+
+void tst_CachedShadowEffect::translucentPainter()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    QVERIFY(showBoth(ours, qts));
+    COMPARE_LOOKS(paint(*ours.frame, 1.0, 0.5), paint(*qts.frame, 1.0, 0.5));
+    COMPARE_LOOKS(paint(*ours.frame, 1.0, 0.5), paint(*qts.frame, 1.0, 0.5));
+}
+
+void tst_CachedShadowEffect::noBlurNoOffset()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    for (Framed *f : {&ours, &qts}) {
+        auto *effect = qobject_cast<QGraphicsDropShadowEffect *>(f->button->graphicsEffect());
+        effect->setBlurRadius(0);
+        effect->setOffset(0, 0);
+    }
+    const QImage image = paint(*ours.frame);
+    COMPARE_LOOKS(image, paint(*qts.frame));
+    QVERIFY(!hasShadowBelow(image, *ours.button));
+    QCOMPARE(ourEffect(ours.button)->blurCount(), 0);
+}
+
+void tst_CachedShadowEffect::effectOnAnotherWidget()
+{
+    // Owned by one widget, set on another: never trusted, always right.
+    Framed qts(&makeBtnStyle_Default, true);
+    Framed ours(&makeBtnStyle_Default, false);
+    auto *owner = new QObject(ours.frame.get());
+    auto *effect = new CachedShadowEffect(owner);
+    effect->setOffset(0, 3);
+    effect->setBlurRadius(30);
+    effect->setColor(qobject_cast<QGraphicsDropShadowEffect *>(qts.button->graphicsEffect())->color());
+    ours.button->setGraphicsEffect(effect);
+    QVERIFY(showBoth(ours, qts));
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    const int renders = effect->renderCount();
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    QCOMPARE(effect->renderCount(), renders + 1);
+    ours.button->setGraphicsEffect(nullptr);
+}
+
+void tst_CachedShadowEffect::removedEffectReleasesCache()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    paint(*ours.frame);
+    QPointer<QGraphicsEffect> effect = ours.button->graphicsEffect();
+    QVERIFY(effect);
+    ours.button->setGraphicsEffect(nullptr);
+    QVERIFY(effect.isNull());
+    // The button still paints, and a new shadow comes with the next refresh.
+    paint(*ours.frame);
+    ours.button->refresh();
+    QVERIFY(ourEffect(ours.button));
+    Framed qts(&makeBtnStyle_Default, true);
+    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+}
+
+QTEST_MAIN(tst_CachedShadowEffect)
+#include "tst_cachedshadoweffect.moc"
