@@ -1,13 +1,15 @@
 // Paints a window of 100 image buttons and the same window of 100
 // QPushButtons whose style sheets draw the same gradient pills, in one run,
-// and prints the time per paint of each and their ratio: first all in the
-// default stock style, shadows on and off, then the three stock styles in
-// turn. Also times building the 100 default-style buttons against building
-// the 100 style-sheet push buttons.
+// and reports the time per paint of each and their ratio: all in the default
+// stock style, shadows on and off, also with every button marked for
+// repainting before each paint, then the three stock styles in turn. Also
+// times building the 100 default-style buttons against building the 100
+// style-sheet push buttons.
 
 #include <Orvane/buttonstyles.h>
 #include <Orvane/imagebutton.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QGridLayout>
@@ -15,6 +17,8 @@
 #include <QPushButton>
 #include <QStringList>
 #include <QWidget>
+
+#include "benchsummary.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -27,7 +31,7 @@ namespace {
 constexpr int Rows = 10;
 constexpr int Columns = 10;
 constexpr int PaintsPerRound = 20;
-constexpr int Rounds = 5;
+constexpr int Rounds = 7;
 constexpr int BuildRounds = 9;
 
 using Factory = QSharedPointer<Orvane::ImageButtonStyle> (*)();
@@ -80,21 +84,44 @@ std::unique_ptr<QWidget> makeWindow(const std::function<QWidget *(int, QWidget *
     return window;
 }
 
-// Milliseconds per paint of the whole window: the median of the rounds.
-double timePaint(QWidget &window)
+// Milliseconds per paint of the whole window over one round. With
+// `changed`, every button is marked for repainting before each paint, as
+// when all of them changed state; the marking is timed on both sides.
+double paintRound(QWidget &window, bool changed)
 {
     QImage image(window.size(), QImage::Format_ARGB32_Premultiplied);
-    window.render(&image); // warm-up: polish, layouts, caches
-    std::vector<double> rounds;
-    for (int r = 0; r < Rounds; ++r) {
-        QElapsedTimer timer;
-        timer.start();
-        for (int i = 0; i < PaintsPerRound; ++i)
-            window.render(&image);
-        rounds.push_back(double(timer.nsecsElapsed()) / 1e6 / PaintsPerRound);
+    const QList<QAbstractButton *> buttons = window.findChildren<QAbstractButton *>();
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < PaintsPerRound; ++i) {
+        if (changed) {
+            for (QAbstractButton *b : buttons)
+                b->update();
+        }
+        window.render(&image);
     }
-    std::sort(rounds.begin(), rounds.end());
-    return rounds[rounds.size() / 2];
+    const double ms = double(timer.nsecsElapsed()) / 1e6 / PaintsPerRound;
+    QApplication::processEvents(); // the marked repaints, untimed
+    return ms;
+}
+
+// The median of `rounds` rounds of each measurement, taken in turn within
+// each round so that a busy moment of the shared machine hits all of them.
+std::vector<double> interleaved(const std::vector<std::function<double()>> &measurements, int rounds)
+{
+    for (const auto &measure : measurements)
+        measure(); // warm-up: polish, layouts, caches, first-use costs
+    std::vector<std::vector<double>> times(measurements.size());
+    for (int r = 0; r < rounds; ++r) {
+        for (size_t m = 0; m < measurements.size(); ++m)
+            times[m].push_back(measurements[m]());
+    }
+    std::vector<double> medians;
+    for (std::vector<double> &t : times) {
+        std::sort(t.begin(), t.end());
+        medians.push_back(t[t.size() / 2]);
+    }
+    return medians;
 }
 
 QString label(int i)
@@ -103,20 +130,15 @@ QString label(int i)
 }
 
 // Milliseconds to build Rows x Columns buttons made by `make` in a hidden
-// parent: the median of the rounds. Deleting them is not timed.
-double timeBuild(const std::function<QWidget *(int, QWidget *)> &make)
+// parent. Deleting them is not timed.
+double buildRound(const std::function<QWidget *(int, QWidget *)> &make)
 {
-    std::vector<double> rounds;
-    for (int r = 0; r < BuildRounds; ++r) {
-        auto parent = std::make_unique<QWidget>();
-        QElapsedTimer timer;
-        timer.start();
-        for (int i = 0; i < Rows * Columns; ++i)
-            make(i, parent.get());
-        rounds.push_back(double(timer.nsecsElapsed()) / 1e6);
-    }
-    std::sort(rounds.begin(), rounds.end());
-    return rounds[rounds.size() / 2];
+    auto parent = std::make_unique<QWidget>();
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < Rows * Columns; ++i)
+        make(i, parent.get());
+    return double(timer.nsecsElapsed()) / 1e6;
 }
 
 } // namespace
@@ -151,8 +173,12 @@ int main(int argc, char *argv[])
     };
 
     const Factory stock = &Orvane::makeBtnStyle_Default;
-    const double imageBuildMs = timeBuild(imageButton(stock, true));
-    const double pushBuildMs = timeBuild(pushButton(stock));
+    const auto makeImage = imageButton(stock, true);
+    const auto makePush = pushButton(stock);
+    const std::vector<double> build = interleaved({[&] { return buildRound(makeImage); }, [&] { return buildRound(makePush); }},
+                                                  BuildRounds);
+    const double imageBuildMs = build[0];
+    const double pushBuildMs = build[1];
 
     const auto images = makeWindow(imageButton(stock, true));
     const auto plain = makeWindow(imageButton(stock, false));
@@ -170,32 +196,40 @@ int main(int argc, char *argv[])
         mixedPushes->grab().save(lookDir + QStringLiteral("/bench-pushbuttons-mixed.png"));
     }
 
-    const double imageMs = timePaint(*images);
-    const double plainMs = timePaint(*plain);
-    const double pushMs = timePaint(*pushes);
-    const double mixedImageMs = timePaint(*mixedImages);
-    const double mixedPlainMs = timePaint(*mixedPlain);
-    const double mixedPushMs = timePaint(*mixedPushes);
+    const std::vector<double> paint = interleaved({[&] { return paintRound(*images, false); },
+                                                   [&] { return paintRound(*plain, false); },
+                                                   [&] { return paintRound(*pushes, false); },
+                                                   [&] { return paintRound(*images, true); },
+                                                   [&] { return paintRound(*pushes, true); },
+                                                   [&] { return paintRound(*mixedImages, false); },
+                                                   [&] { return paintRound(*mixedPlain, false); },
+                                                   [&] { return paintRound(*mixedPushes, false); }},
+                                                  Rounds);
+    const double imageMs = paint[0];
+    const double plainMs = paint[1];
+    const double pushMs = paint[2];
+    const double changedImageMs = paint[3];
+    const double changedPushMs = paint[4];
+    const double mixedImageMs = paint[5];
+    const double mixedPlainMs = paint[6];
+    const double mixedPushMs = paint[7];
 
     std::printf("bench_imagebutton: one paint of a window of %d buttons (%dx%d px; peer %dx%d px),"
-                " median of %d rounds of %d\n",
+                " median of %d rounds of %d; building %d buttons, median of %d rounds\n",
                 Rows * Columns, images->width(), images->height(), pushes->width(), pushes->height(), Rounds,
-                PaintsPerRound);
-    std::printf("  makeBtnStyle_Default:\n");
-    std::printf("    ImageButton                          %8.3f ms\n", imageMs);
-    std::printf("    ImageButton, no shadow               %8.3f ms\n", plainMs);
-    std::printf("    QPushButton, equivalent style sheet  %8.3f ms\n", pushMs);
-    std::printf("  the three stock styles in turn:\n");
-    std::printf("    ImageButton                          %8.3f ms\n", mixedImageMs);
-    std::printf("    ImageButton, no shadow               %8.3f ms\n", mixedPlainMs);
-    std::printf("    QPushButton, equivalent style sheet  %8.3f ms\n", mixedPushMs);
-    std::printf("bench_imagebutton: building %d buttons, median of %d rounds\n", Rows * Columns, BuildRounds);
-    std::printf("    ImageButton, makeBtnStyle_Default    %8.3f ms\n", imageBuildMs);
-    std::printf("    QPushButton, equivalent style sheet  %8.3f ms\n", pushBuildMs);
-    std::printf("  ratio repaint ImageButton / QPushButton, default style: %.2f (without shadows: %.2f)\n",
-                imageMs / pushMs, plainMs / pushMs);
-    std::printf("  ratio repaint ImageButton / QPushButton, three styles:  %.2f (without shadows: %.2f)\n",
-                mixedImageMs / mixedPushMs, mixedPlainMs / mixedPushMs);
-    std::printf("  ratio build ImageButton / QPushButton, default style:   %.2f\n", imageBuildMs / pushBuildMs);
+                PaintsPerRound, Rows * Columns, BuildRounds);
+    const char *peer = "QPushButton, equivalent style sheet";
+    OrvaneBench::recordCost("ImageButton x100, makeBtnStyle_Default with shadows, one repaint", imageMs, pushMs, "ms",
+                            peer, "1.5x");
+    OrvaneBench::recordCost("ImageButton x100, makeBtnStyle_Default with shadows, repaint after every button changed",
+                            changedImageMs, changedPushMs, "ms", peer);
+    OrvaneBench::recordCost("ImageButton x100, makeBtnStyle_Default without shadows, one repaint", plainMs, pushMs,
+                            "ms", peer);
+    OrvaneBench::recordCost("ImageButton x100, the three stock styles with shadows, one repaint", mixedImageMs,
+                            mixedPushMs, "ms", peer);
+    OrvaneBench::recordCost("ImageButton x100, the three stock styles without shadows, one repaint", mixedPlainMs,
+                            mixedPushMs, "ms", peer);
+    OrvaneBench::recordCost("ImageButton x100, makeBtnStyle_Default, building", imageBuildMs, pushBuildMs, "ms", peer,
+                            "1.0x");
     return 0;
 }
