@@ -81,6 +81,12 @@ void whenModal(const std::function<void(QWidget *)> &action, int triesLeft = 500
 // when the box lacks what the ending looks for.
 enum class Ending { Button1, Button2, Button3, BarClose, Escape, CloseCall, Reject };
 
+} // namespace
+
+Q_DECLARE_METATYPE(Ending)
+
+namespace {
+
 void end(QWidget *box, Ending how)
 {
     const Parts parts = partsOf(box);
@@ -108,6 +114,16 @@ void end(QWidget *box, Ending how)
         QTest::mouseClick(target, Qt::LeftButton);
     else
         box->close();
+}
+
+// The ways a user ends a box with one "OK" button, and the result of each.
+void addUserEndingRows()
+{
+    QTest::addColumn<Ending>("how");
+    QTest::addColumn<int>("result");
+    QTest::newRow("OK") << Ending::Button1 << 1;
+    QTest::newRow("bar close button") << Ending::BarClose << 0;
+    QTest::newRow("Escape") << Ending::Escape << 0;
 }
 
 QImage argb(const QPixmap &pixmap)
@@ -191,8 +207,6 @@ bool clearOfTint(const QImage &grab, const QRect &area)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Ending)
 
 class tst_OMessageBox : public QObject
 {
@@ -430,11 +444,7 @@ void tst_OMessageBox::threeArgumentPopupTips()
 
 void tst_OMessageBox::popupTipsEndings_data()
 {
-    QTest::addColumn<Ending>("how");
-    QTest::addColumn<int>("result");
-    QTest::newRow("OK") << Ending::Button1 << 1;
-    QTest::newRow("bar close button") << Ending::BarClose << 0;
-    QTest::newRow("Escape") << Ending::Escape << 0;
+    addUserEndingRows();
     QTest::newRow("close()") << Ending::CloseCall << 0;
     QTest::newRow("reject()") << Ending::Reject << 0;
 }
@@ -784,11 +794,7 @@ void tst_OMessageBox::skins()
 
 void tst_OMessageBox::showTipsReturnsAtOnce_data()
 {
-    QTest::addColumn<Ending>("how");
-    QTest::addColumn<int>("result");
-    QTest::newRow("OK") << Ending::Button1 << 1;
-    QTest::newRow("bar close button") << Ending::BarClose << 0;
-    QTest::newRow("Escape") << Ending::Escape << 0;
+    addUserEndingRows();
 }
 
 void tst_OMessageBox::showTipsReturnsAtOnce()
