@@ -4,10 +4,11 @@
 #include <Orvane/helpers.h>
 #include <Orvane/slicemanager.h>
 
+#include "../widgets/cachedshadoweffect_p.h"
+
 #include <QCheckBox>
 #include <QDebug>
 #include <QFontMetrics>
-#include <QGraphicsDropShadowEffect>
 #include <QHBoxLayout>
 #include <QHash>
 #include <QLabel>
@@ -157,7 +158,7 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
         buttonRow->addWidget(button);
     }
 
-    auto *shadow = new QGraphicsDropShadowEffect(this);
+    auto *shadow = new CachedShadowEffect(this);
     shadow->setOffset(0, 0);
     shadow->setBlurRadius(30.0);
     shadow->setColor(QColor(92, 93, 102, 51));

@@ -78,32 +78,56 @@ protected:
     }
 };
 
-// Whether two renders of the source have the same alpha channel, which is
-// all the shadow is made from.
-bool sameAlpha(const QImage &a, const QImage &b)
+// Whether a rendered source (premultiplied ARGB) has exactly the alpha
+// channel `alpha` (Alpha8) holds: all the shadow is made from.
+bool sameAlpha(const QImage &source, const QImage &alpha)
 {
-    if (a.size() != b.size() || a.format() != b.format() || a.devicePixelRatioF() != b.devicePixelRatioF())
+    if (source.size() != alpha.size() || source.devicePixelRatioF() != alpha.devicePixelRatioF())
         return false;
-    if (a.format() != QImage::Format_ARGB32_Premultiplied)
-        return a == b;
-    const int w = a.width();
-    for (int y = 0; y < a.height(); ++y) {
-        const auto *pa = reinterpret_cast<const quint32 *>(a.constScanLine(y));
-        const auto *pb = reinterpret_cast<const quint32 *>(b.constScanLine(y));
+    const int w = source.width();
+    for (int y = 0; y < source.height(); ++y) {
+        const auto *s = reinterpret_cast<const quint32 *>(source.constScanLine(y));
+        const uchar *a = alpha.constScanLine(y);
         quint32 diff = 0;
         for (int x = 0; x < w; ++x)
-            diff |= pa[x] ^ pb[x];
-        if (diff & 0xff000000u)
+            diff |= (s[x] >> 24) ^ a[x];
+        if (diff)
             return false;
     }
     return true;
 }
 
+constexpr int SharedShadowCount = 16;
+constexpr qint64 SharedShadowBytes = 16 * 1024 * 1024;
+
 } // namespace
+
+// A shadow and what it was made from.
+struct CachedShadowEffect::Shadow
+{
+    QImage alpha; // the source's alpha channel, Alpha8
+    QPointF offset;
+    qreal blurRadius;
+    QColor color;
+    QImage image; // Qt's shadow, drawn at the source's position
+
+    qint64 bytes() const { return alpha.sizeInBytes() + image.sizeInBytes(); }
+};
+
+QList<QSharedPointer<const CachedShadowEffect::Shadow>> &CachedShadowEffect::sharedShadows()
+{
+    // The latest shadows made, most recent first, for every effect.
+    static auto *shadows = new QList<QSharedPointer<const Shadow>>;
+    return *shadows;
+}
+
+void CachedShadowEffect::dropSharedShadows()
+{
+    sharedShadows().clear();
+}
 
 CachedShadowEffect::CachedShadowEffect(QObject *parent)
     : QGraphicsDropShadowEffect(parent),
-      m_blurRadius(0),
       m_devicePixelRatio(0),
       m_blurs(0),
       m_renders(0)
@@ -143,11 +167,12 @@ void CachedShadowEffect::draw(QPainter *painter)
         forget();
         return;
     }
-    const QImage image = source.toImage();
+    QImage image = source.toImage();
+    if (image.format() != QImage::Format_ARGB32_Premultiplied)
+        image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     m_at = at;
-    if (shadowFits(image)) {
+    if (findShadow(image)) {
         m_source = source;
-        m_sourceImage = image;
     } else if (!blur()) {
         forget();
         QGraphicsDropShadowEffect::draw(painter);
@@ -187,16 +212,32 @@ bool CachedShadowEffect::sourceStillValid(const QPainter *painter, const QWidget
 {
     // While Qt's cache holds the source, the kept pixmap is shared with it;
     // marking the widget for repainting removes that entry.
-    return widget && !m_source.isNull() && !m_source.isDetached() && widget->isVisible() && widget->updatesEnabled()
-        && m_offset == offset() && m_blurRadius == blurRadius() && m_color == color()
-        && m_transform == painter->worldTransform() && m_devicePixelRatio == painter->device()->devicePixelRatioF()
-        && m_sourceRect == sourceBoundingRect();
+    return widget && m_shadow && !m_source.isNull() && !m_source.isDetached() && widget->isVisible()
+        && widget->updatesEnabled() && m_shadow->offset == offset() && m_shadow->blurRadius == blurRadius()
+        && m_shadow->color == color() && m_transform == painter->worldTransform()
+        && m_devicePixelRatio == painter->device()->devicePixelRatioF() && m_sourceRect == sourceBoundingRect();
 }
 
-bool CachedShadowEffect::shadowFits(const QImage &source) const
+bool CachedShadowEffect::fits(const Shadow &shadow, const QImage &source) const
 {
-    return !m_shadow.isNull() && m_offset == offset() && m_blurRadius == blurRadius() && m_color == color()
-        && sameAlpha(m_sourceImage, source);
+    return shadow.offset == offset() && shadow.blurRadius == blurRadius() && shadow.color == color()
+        && sameAlpha(source, shadow.alpha);
+}
+
+bool CachedShadowEffect::findShadow(const QImage &source)
+{
+    if (m_shadow && fits(*m_shadow, source))
+        return true;
+    QList<QSharedPointer<const Shadow>> &shared = sharedShadows();
+    for (int i = 0; i < shared.size(); ++i) {
+        const QSharedPointer<const Shadow> shadow = shared.at(i);
+        if (fits(*shadow, source)) {
+            shared.move(i, 0);
+            m_shadow = shadow;
+            return true;
+        }
+    }
+    return false;
 }
 
 bool CachedShadowEffect::blur()
@@ -209,13 +250,27 @@ bool CachedShadowEffect::blur()
     }
     if (device.engine.image.isNull() || device.engine.pixmap.isNull())
         return false;
-    m_shadow = device.engine.image;
+    QSharedPointer<Shadow> shadow(new Shadow);
+    shadow->alpha = device.engine.pixmap.toImage().convertToFormat(QImage::Format_Alpha8);
+    shadow->offset = offset();
+    shadow->blurRadius = blurRadius();
+    shadow->color = color();
+    shadow->image = device.engine.image;
+    m_shadow = shadow;
     m_source = device.engine.pixmap;
-    m_sourceImage = m_source.toImage();
-    m_offset = offset();
-    m_blurRadius = blurRadius();
-    m_color = color();
     ++m_blurs;
+
+    QList<QSharedPointer<const Shadow>> &shared = sharedShadows();
+    shared.prepend(shadow);
+    qint64 bytes = 0;
+    int kept = 0;
+    while (kept < shared.size() && kept < SharedShadowCount) {
+        bytes += shared.at(kept)->bytes();
+        if (kept > 0 && bytes > SharedShadowBytes)
+            break;
+        ++kept;
+    }
+    shared.erase(shared.begin() + kept, shared.end());
     return true;
 }
 
@@ -224,16 +279,15 @@ void CachedShadowEffect::drawShadow(QPainter *painter) const
     // As Qt draws them: the shadow, then the source over it, unscaled.
     const QTransform restore = painter->worldTransform();
     painter->setWorldTransform(QTransform());
-    painter->drawImage(m_at, m_shadow);
+    painter->drawImage(m_at, m_shadow->image);
     painter->drawPixmap(m_at, m_source);
     painter->setWorldTransform(restore);
 }
 
 void CachedShadowEffect::forget()
 {
-    m_shadow = QImage();
+    m_shadow.reset();
     m_source = QPixmap();
-    m_sourceImage = QImage();
 }
 
 } // namespace Orvane

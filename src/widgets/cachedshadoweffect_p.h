@@ -1,17 +1,20 @@
 #ifndef ORVANE_CACHEDSHADOWEFFECT_P_H
 #define ORVANE_CACHEDSHADOWEFFECT_P_H
 
-// The drop shadow the library's widgets install. To a host it is a
-// QGraphicsDropShadowEffect in every respect (the cast, offset, blur radius
+// The drop shadow the library's widgets and dialogs install. To a host it is
+// a QGraphicsDropShadowEffect in every respect (the cast, offset, blur radius
 // and colour as set, enabling, the bounding rectangle, the pixels drawn), but
 // it blurs only when the shadow can have changed, where Qt's own effect
 // renders its source and blurs it again on every paint.
 //
-// The shadow is Qt's own: on a change the effect lets Qt draw it onto a
-// recording device and keeps the shadow image Qt made. It is reused while the
-// offset, radius and colour, the device pixel ratio and the alpha channel of
-// the rendered source are unchanged (the shadow depends on nothing else), so
-// a state that only recolours the widget costs a render but no blur.
+// The shadow is Qt's own: on a change the effect lets Qt draw onto a
+// recording device and keeps the shadow image Qt made. The shadow depends on
+// nothing but the offset, radius and colour and the alpha channel of the
+// rendered source (its size and device pixel ratio included), so a shadow is
+// reused while those are unchanged: a state that only recolours the widget
+// costs a render but no blur. Shadows are also shared between effects, in a
+// small process-wide list of the latest ones: a hundred buttons of one shape,
+// or every new message box of one size, need a single blur.
 //
 // Rendering the source costs about as much as painting the widget again, so
 // the effect also skips the render while Qt's own record of the source is
@@ -21,7 +24,7 @@
 // the effect's own reference to the same pixmap), the widget stays shown with
 // updates enabled, and the painter's transform, the device pixel ratio and
 // the widget's size are the ones of the last render, the effect draws the
-// kept shadow and lets drawSource() paint the source.
+// kept shadow and Qt's copy of the source, as Qt would draw them.
 //
 // Decisions:
 // - Everything else takes the full path: a widget that is hidden, or was
@@ -31,18 +34,20 @@
 // - A change that never calls update() on the widget (a style record shared
 //   with another button and changed through that one) shows at the widget's
 //   next update(), as with every Qt effect that paints through drawSource().
-// - Memory: the kept shadow image and a reference to the last rendered
-//   source, each the size of the widget padded by the shadow, per widget;
-//   both are released when the effect is taken off its widget.
+// - Memory: per effect a reference to the last rendered source (Qt's cache
+//   holds it anyway); per distinct shadow the shadow image and the source's
+//   alpha channel. The shared list keeps the 16 latest shadows, fewer when
+//   they pass 16 MB; an effect keeps its own until it is taken off its
+//   widget.
 // - Internal: not exported; owned like any effect by the widget it is set on.
+// - GUI thread only, like the widgets; the shared list takes no lock.
 
-#include <QColor>
 #include <QGraphicsDropShadowEffect>
-#include <QImage>
+#include <QList>
 #include <QPixmap>
 #include <QPoint>
-#include <QPointF>
 #include <QPointer>
+#include <QSharedPointer>
 #include <QRectF>
 #include <QTransform>
 
@@ -59,10 +64,12 @@ public:
     explicit CachedShadowEffect(QObject *parent = nullptr);
     ~CachedShadowEffect() override;
 
-    // How many times the shadow has been blurred so far.
+    // How many times this effect has blurred a shadow so far.
     int blurCount() const { return m_blurs; }
     // How many paints rendered the source so far.
     int renderCount() const { return m_renders; }
+    // Empties the process-wide list of shadows; effects keep their own.
+    static void dropSharedShadows();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -71,20 +78,20 @@ protected:
     void sourceChanged(ChangeFlags flags) override;
 
 private:
+    struct Shadow;
+    static QList<QSharedPointer<const Shadow>> &sharedShadows();
+
     QWidget *watchedWidget();
     bool sourceStillValid(const QPainter *painter, const QWidget *widget) const;
-    bool shadowFits(const QImage &source) const;
+    bool fits(const Shadow &shadow, const QImage &source) const;
+    bool findShadow(const QImage &source);
     bool blur();
     void drawShadow(QPainter *painter) const;
     void forget();
 
-    QImage m_shadow;
+    QSharedPointer<const Shadow> m_shadow;
     QPixmap m_source;
-    QImage m_sourceImage;
     QPoint m_at;
-    QPointF m_offset;
-    qreal m_blurRadius;
-    QColor m_color;
     QTransform m_transform;
     qreal m_devicePixelRatio;
     QRectF m_sourceRect;

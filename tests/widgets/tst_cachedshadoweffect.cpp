@@ -156,6 +156,7 @@ class tst_CachedShadowEffect : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init();
     void cleanup();
 
     void isQtsDropShadow();
@@ -176,6 +177,12 @@ private Q_SLOTS:
     void effectOnAnotherWidget();
     void removedEffectReleasesCache();
 };
+
+void tst_CachedShadowEffect::init()
+{
+    // Each test counts its own blurs.
+    CachedShadowEffect::dropSharedShadows();
+}
 
 void tst_CachedShadowEffect::cleanup()
 {
