@@ -5,6 +5,7 @@
 #include <Orvane/buttonstyles.h>
 #include <Orvane/imagebutton.h>
 #include <Orvane/imagebuttonstyle.h>
+#include <Orvane/omessagebox.h>
 #include <Orvane/shadoweffect.h>
 
 #include "widgets/cachedshadoweffect_p.h"
@@ -176,6 +177,10 @@ private Q_SLOTS:
     void noBlurNoOffset();
     void effectOnAnotherWidget();
     void removedEffectReleasesCache();
+    void buttonsOfOneShapeShareTheBlur();
+    void sharedListKeepsTheLatest();
+    void messageBoxShadow();
+    void messageBoxLooksLikeQts();
 };
 
 void tst_CachedShadowEffect::init()
@@ -510,6 +515,98 @@ void tst_CachedShadowEffect::removedEffectReleasesCache()
     QVERIFY(ourEffect(ours.button));
     Framed qts(&makeBtnStyle_Default, true);
     COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+}
+
+void tst_CachedShadowEffect::buttonsOfOneShapeShareTheBlur()
+{
+    Framed first(&makeBtnStyle_Default, false);
+    Framed second(&makeBtnStyle_Default, false);
+    Framed qts(&makeBtnStyle_Default, true);
+    paint(*first.frame);
+    QCOMPARE(ourEffect(first.button)->blurCount(), 1);
+    // Another record, the same shape: the first button's blur serves.
+    const QImage image = paint(*second.frame);
+    QCOMPARE(ourEffect(second.button)->blurCount(), 0);
+    COMPARE_LOOKS(image, paint(*qts.frame));
+    // A different shape needs its own.
+    apply(second.button, Change::Resize);
+    second.frame->resize(second.frame->sizeHint());
+    qts.button->setFixedSize(170, 44);
+    qts.frame->resize(qts.frame->sizeHint());
+    COMPARE_LOOKS(paint(*second.frame), paint(*qts.frame));
+    QCOMPARE(ourEffect(second.button)->blurCount(), 1);
+}
+
+void tst_CachedShadowEffect::sharedListKeepsTheLatest()
+{
+    Framed ours(&makeBtnStyle_Default, false);
+    paint(*ours.frame);
+    // Twenty other shapes push the first one out of the shared list.
+    for (int i = 0; i < 20; ++i) {
+        Framed other(&makeBtnStyle_Default, false);
+        other.button->setFixedSize(120 + i, 30);
+        other.frame->resize(other.frame->sizeHint());
+        paint(*other.frame);
+        QCOMPARE(ourEffect(other.button)->blurCount(), 1);
+    }
+    Framed again(&makeBtnStyle_Default, false);
+    paint(*again.frame);
+    QCOMPARE(ourEffect(again.button)->blurCount(), 1);
+    // An effect keeps its own shadow whatever the shared list holds.
+    paint(*ours.frame);
+    QCOMPARE(ourEffect(ours.button)->blurCount(), 1);
+}
+
+namespace {
+
+OMessageBox *newBox()
+{
+    return new OMessageBox(Success, {QStringLiteral("Cancel"), QStringLiteral("Later"), QStringLiteral("Update")},
+                           QStringLiteral("Version 2.4 is ready to install."), QStringLiteral("An update"), -1,
+                           QStringLiteral("Don't ask again"), [](bool) {}, nullptr, Qt::WindowFlags());
+}
+
+} // namespace
+
+void tst_CachedShadowEffect::messageBoxShadow()
+{
+    OMessageBox *box = newBox();
+    auto *effect = qobject_cast<QGraphicsDropShadowEffect *>(box->graphicsEffect());
+    QVERIFY(effect);
+    QVERIFY(qobject_cast<CachedShadowEffect *>(effect));
+    QCOMPARE(effect->parent(), box);
+    QVERIFY(effect->isEnabled());
+    QCOMPARE(effect->offset(), QPointF(0, 0));
+    QCOMPARE(effect->blurRadius(), 30.0);
+    QCOMPARE(effect->color(), QColor(92, 93, 102, 51));
+    box->close();
+}
+
+void tst_CachedShadowEffect::messageBoxLooksLikeQts()
+{
+    OMessageBox *ours = newBox();
+    OMessageBox *again = newBox();
+    OMessageBox *qts = newBox();
+    auto *plain = new QGraphicsDropShadowEffect(qts);
+    plain->setOffset(0, 0);
+    plain->setBlurRadius(30.0);
+    plain->setColor(QColor(92, 93, 102, 51));
+    qts->setGraphicsEffect(plain);
+    for (OMessageBox *box : {ours, again, qts}) {
+        box->show();
+        QVERIFY(QTest::qWaitForWindowExposed(box));
+    }
+    // A window is drawn onto its own device: Qt draws a window's effect
+    // onto a painter it is handed only for children.
+    const QImage image = ours->grab().toImage().convertToFormat(QImage::Format_ARGB32);
+    COMPARE_LOOKS(image, qts->grab().toImage().convertToFormat(QImage::Format_ARGB32));
+    // The band around the panel shows the shadow.
+    QVERIFY(qAlpha(image.pixel(image.width() / 2, 2)) > 0);
+    // A second box of the same size blurs nothing.
+    COMPARE_LOOKS(again->grab().toImage().convertToFormat(QImage::Format_ARGB32), image);
+    QCOMPARE(qobject_cast<CachedShadowEffect *>(again->graphicsEffect())->blurCount(), 0);
+    for (OMessageBox *box : {ours, again, qts})
+        box->close();
 }
 
 QTEST_MAIN(tst_CachedShadowEffect)
