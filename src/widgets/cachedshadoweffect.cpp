@@ -97,6 +97,38 @@ bool sameAlpha(const QImage &source, const QImage &alpha)
     return true;
 }
 
+// A rectangle, around the centre, where `alpha` (Alpha8) is opaque
+// throughout; empty when the centre is not. Each row's opaque run through
+// the centre column is scanned, so the rectangle is the widest that every
+// row of the centre column's opaque run covers.
+QRect opaqueCentre(const QImage &alpha)
+{
+    const int cx = alpha.width() / 2;
+    const int cy = alpha.height() / 2;
+    if (alpha.isNull() || alpha.constScanLine(cy)[cx] != 255)
+        return QRect();
+    int top = cy;
+    while (top > 0 && alpha.constScanLine(top - 1)[cx] == 255)
+        --top;
+    int bottom = cy;
+    while (bottom + 1 < alpha.height() && alpha.constScanLine(bottom + 1)[cx] == 255)
+        ++bottom;
+    int left = 0;
+    int right = alpha.width() - 1;
+    for (int y = top; y <= bottom; ++y) {
+        const uchar *line = alpha.constScanLine(y);
+        int l = cx;
+        while (l > left && line[l - 1] == 255)
+            --l;
+        int r = cx;
+        while (r < right && line[r + 1] == 255)
+            ++r;
+        left = l;
+        right = r;
+    }
+    return QRect(QPoint(left, top), QPoint(right, bottom));
+}
+
 constexpr int SharedShadowCount = 16;
 constexpr qint64 SharedShadowBytes = 16 * 1024 * 1024;
 
@@ -110,6 +142,7 @@ struct CachedShadowEffect::Shadow
     qreal blurRadius;
     QColor color;
     QImage image; // Qt's shadow, drawn at the source's position
+    QRect covered; // where the source is opaque and hides the shadow
 
     qint64 bytes() const { return alpha.sizeInBytes() + image.sizeInBytes(); }
 };
@@ -256,6 +289,8 @@ bool CachedShadowEffect::blur()
     shadow->blurRadius = blurRadius();
     shadow->color = color();
     shadow->image = device.engine.image;
+    if (shadow->image.size() == shadow->alpha.size())
+        shadow->covered = opaqueCentre(shadow->alpha);
     m_shadow = shadow;
     m_source = device.engine.pixmap;
     ++m_blurs;
@@ -279,7 +314,25 @@ void CachedShadowEffect::drawShadow(QPainter *painter) const
     // As Qt draws them: the shadow, then the source over it, unscaled.
     const QTransform restore = painter->worldTransform();
     painter->setWorldTransform(QTransform());
-    painter->drawImage(m_at, m_shadow->image);
+    const QImage &image = m_shadow->image;
+    const QRect covered = m_shadow->covered;
+    // Under opaque source pixels a blended shadow is never seen; on a 1:1
+    // device the shadow is drawn only around them.
+    if (!covered.isEmpty() && image.devicePixelRatioF() == 1.0 && painter->opacity() == 1.0
+        && painter->compositionMode() == QPainter::CompositionMode_SourceOver) {
+        const int w = image.width();
+        const int h = image.height();
+        const QRect bands[] = {QRect(0, 0, w, covered.top()),
+                               QRect(0, covered.bottom() + 1, w, h - covered.bottom() - 1),
+                               QRect(0, covered.top(), covered.left(), covered.height()),
+                               QRect(covered.right() + 1, covered.top(), w - covered.right() - 1, covered.height())};
+        for (const QRect &band : bands) {
+            if (!band.isEmpty())
+                painter->drawImage(m_at + band.topLeft(), image, band);
+        }
+    } else {
+        painter->drawImage(m_at, image);
+    }
     painter->drawPixmap(m_at, m_source);
     painter->setWorldTransform(restore);
 }
