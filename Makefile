@@ -57,7 +57,7 @@ check-sanitize: deps
 # Slow; not part of CI. Reports land in build/Testing/Temporary/.
 check-valgrind: build
 	@sh scripts/install-deps.sh valgrind
-	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest -T memcheck --output-on-failure -LE nosanitize
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen QT_ENABLE_REGEXP_JIT=0 ctest -T memcheck --output-on-failure -LE nosanitize
 
 # Every fuzz target for FUZZ_SECONDS each, with clang's libFuzzer,
 # AddressSanitizer and UndefinedBehaviorSanitizer, in its own build tree.
