@@ -47,14 +47,18 @@ struct Framed
     ImageButton *button = nullptr;
 };
 
-// One render of `w` and its children onto a transparent image.
-QImage paint(QWidget &w, qreal dpr = 1.0, qreal opacity = 1.0)
+// One render of `w` and its children onto a transparent image, through a
+// painter with `transform` (the image grows to hold what it maps to).
+QImage paint(QWidget &w, qreal dpr = 1.0, qreal opacity = 1.0, const QTransform &transform = QTransform())
 {
-    QImage image(w.size() * dpr, QImage::Format_ARGB32_Premultiplied);
+    const QRect mapped = transform.mapRect(QRect(QPoint(0, 0), w.size()));
+    const QSize size = QSize(mapped.right() + 1, mapped.bottom() + 1).expandedTo(w.size());
+    QImage image(size * dpr, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(dpr);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setOpacity(opacity);
+    painter.setTransform(transform);
     w.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
     painter.end();
     return image.convertToFormat(QImage::Format_ARGB32);
@@ -101,14 +105,6 @@ bool hasShadowBelow(const QImage &image, const QWidget &button)
         QVERIFY2(diff_.isEmpty(), qPrintable(diff_));                                              \
     } while (false)
 
-// Both frames shown and laid out, as a window is before it paints.
-bool showBoth(Framed &ours, Framed &qts)
-{
-    ours.frame->show();
-    qts.frame->show();
-    return QTest::qWaitForWindowExposed(ours.frame.get()) && QTest::qWaitForWindowExposed(qts.frame.get());
-}
-
 CachedShadowEffect *ourEffect(ImageButton *b)
 {
     return qobject_cast<CachedShadowEffect *>(b->graphicsEffect());
@@ -147,6 +143,35 @@ void apply(ImageButton *b, Change change)
     }
 }
 
+// Our button and one with Qt's effect, both shown and laid out as a window
+// is before it paints, ours painted once.
+struct ShownPair
+{
+    explicit ShownPair(Factory factory = &makeBtnStyle_Default)
+        : ours(factory, false),
+          qts(factory, true)
+    {
+    }
+    bool show()
+    {
+        ours.frame->show();
+        qts.frame->show();
+        if (!QTest::qWaitForWindowExposed(ours.frame.get()) || !QTest::qWaitForWindowExposed(qts.frame.get()))
+            return false;
+        paint(*ours.frame);
+        return true;
+    }
+    CachedShadowEffect *effect() const { return ourEffect(ours.button); }
+    void apply(Change change)
+    {
+        ::apply(ours.button, change);
+        ::apply(qts.button, change);
+        QApplication::processEvents();
+    }
+    Framed ours;
+    Framed qts;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Factory)
@@ -170,10 +195,12 @@ private Q_SLOTS:
     void recolouringStateKeepsBlur();
     void resizeBlursAgain();
     void effectPropertiesBlurAgain();
+    void changeWhileHiddenIsSeen_data();
     void changeWhileHiddenIsSeen();
-    void changeWhileParentHiddenIsSeen();
     void highDevicePixelRatio();
     void translucentPainter();
+    void movedOrScaledPainter_data();
+    void movedOrScaledPainter();
     void noBlurNoOffset();
     void effectOnAnotherWidget();
     void removedEffectReleasesCache();
@@ -287,9 +314,8 @@ void tst_CachedShadowEffect::shownLooksLikeQtsThroughChanges_data()
 void tst_CachedShadowEffect::shownLooksLikeQtsThroughChanges()
 {
     QFETCH(Factory, factory);
-    Framed ours(factory, false);
-    Framed qts(factory, true);
-    QVERIFY(showBoth(ours, qts));
+    ShownPair pair(factory);
+    QVERIFY(pair.show());
 
     const std::function<void(ImageButton *)> steps[] = {
         [](ImageButton *b) { apply(b, Change::Hover); },
@@ -304,17 +330,16 @@ void tst_CachedShadowEffect::shownLooksLikeQtsThroughChanges()
         [](ImageButton *b) { apply(b, Change::Hover); },
         [](ImageButton *b) { apply(b, Change::Text); },
     };
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
     int step = 0;
     for (const auto &change : steps) {
-        change(ours.button);
-        change(qts.button);
+        change(pair.ours.button);
+        change(pair.qts.button);
         QApplication::processEvents();
-        const QImage qtImage = paint(*qts.frame);
+        const QImage qtImage = paint(*pair.qts.frame);
         // Twice: the second paint comes from what the first one kept.
         for (int i = 0; i < 2; ++i) {
-            const QImage image = paint(*ours.frame);
-            const QString diff = difference(image, qtImage);
+            const QString diff = difference(paint(*pair.ours.frame), qtImage);
             QVERIFY2(diff.isEmpty(), qPrintable(QStringLiteral("step %1, paint %2: %3").arg(step).arg(i).arg(diff)));
         }
         ++step;
@@ -323,80 +348,65 @@ void tst_CachedShadowEffect::shownLooksLikeQtsThroughChanges()
 
 void tst_CachedShadowEffect::repaintKeepsBlurAndRender()
 {
-    Framed ours(&makeBtnStyle_Default, false);
-    ours.frame->show();
-    QVERIFY(QTest::qWaitForWindowExposed(ours.frame.get()));
-    CachedShadowEffect *effect = ourEffect(ours.button);
-    QVERIFY(effect);
-    const QImage first = paint(*ours.frame);
+    ShownPair pair;
+    QVERIFY(pair.show());
+    CachedShadowEffect *effect = pair.effect();
+    const QImage first = paint(*pair.ours.frame);
     const int blurs = effect->blurCount();
     const int renders = effect->renderCount();
     QVERIFY(blurs >= 1);
     for (int i = 0; i < 3; ++i)
-        COMPARE_LOOKS(paint(*ours.frame), first);
+        COMPARE_LOOKS(paint(*pair.ours.frame), first);
     QCOMPARE(effect->blurCount(), blurs);
     // Nothing was marked for repainting: the source is not even rendered.
     QCOMPARE(effect->renderCount(), renders);
 
     // A repaint of the window from the event loop draws from the cache too.
-    ours.frame->update();
+    pair.ours.frame->update();
     QApplication::processEvents();
     QCOMPARE(effect->blurCount(), blurs);
 }
 
 void tst_CachedShadowEffect::recolouringStateKeepsBlur()
 {
-    Framed ours(&makeBtnStyle_Default, false);
-    Framed qts(&makeBtnStyle_Default, true);
-    QVERIFY(showBoth(ours, qts));
-    CachedShadowEffect *effect = ourEffect(ours.button);
-    paint(*ours.frame);
+    ShownPair pair;
+    QVERIFY(pair.show());
+    CachedShadowEffect *effect = pair.effect();
     const int blurs = effect->blurCount();
     const int renders = effect->renderCount();
 
     // Hover only recolours the pill: rendered again, the same shadow kept.
-    apply(ours.button, Change::Hover);
-    apply(qts.button, Change::Hover);
-    QApplication::processEvents();
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    pair.apply(Change::Hover);
+    COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
     QCOMPARE(effect->renderCount(), renders + 1);
     QCOMPARE(effect->blurCount(), blurs);
 
     // So does a new text on the opaque pill.
-    apply(ours.button, Change::Text);
-    apply(qts.button, Change::Text);
-    QApplication::processEvents();
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    pair.apply(Change::Text);
+    COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
     QCOMPARE(effect->blurCount(), blurs);
 }
 
 void tst_CachedShadowEffect::resizeBlursAgain()
 {
-    Framed ours(&makeBtnStyle_Default, false);
-    Framed qts(&makeBtnStyle_Default, true);
-    QVERIFY(showBoth(ours, qts));
-    CachedShadowEffect *effect = ourEffect(ours.button);
-    paint(*ours.frame);
-    const int blurs = effect->blurCount();
+    ShownPair pair;
+    QVERIFY(pair.show());
+    const int blurs = pair.effect()->blurCount();
 
-    apply(ours.button, Change::Resize);
-    apply(qts.button, Change::Resize);
-    QApplication::processEvents();
-    QCOMPARE(ours.button->size(), QSize(170, 44));
-    const QImage image = paint(*ours.frame);
-    COMPARE_LOOKS(image, paint(*qts.frame));
-    QCOMPARE(effect->blurCount(), blurs + 1);
-    QVERIFY(hasShadowBelow(image, *ours.button));
+    pair.apply(Change::Resize);
+    QCOMPARE(pair.ours.button->size(), QSize(170, 44));
+    const QImage image = paint(*pair.ours.frame);
+    COMPARE_LOOKS(image, paint(*pair.qts.frame));
+    QCOMPARE(pair.effect()->blurCount(), blurs + 1);
+    QVERIFY(hasShadowBelow(image, *pair.ours.button));
 }
 
 void tst_CachedShadowEffect::effectPropertiesBlurAgain()
 {
-    Framed ours(&makeBtnStyle_Default, false);
-    Framed qts(&makeBtnStyle_Default, true);
-    QVERIFY(showBoth(ours, qts));
-    CachedShadowEffect *effect = ourEffect(ours.button);
-    auto *qtEffect = qobject_cast<QGraphicsDropShadowEffect *>(qts.button->graphicsEffect());
-    paint(*ours.frame);
+    ShownPair pair;
+    QVERIFY(pair.show());
+    CachedShadowEffect *effect = pair.effect();
+    auto *qtEffect = qobject_cast<QGraphicsDropShadowEffect *>(pair.qts.button->graphicsEffect());
 
     const std::function<void(QGraphicsDropShadowEffect *)> changes[] = {
         [](QGraphicsDropShadowEffect *e) { e->setColor(QColor(200, 20, 20, 160)); },
@@ -407,64 +417,73 @@ void tst_CachedShadowEffect::effectPropertiesBlurAgain()
         const int blurs = effect->blurCount();
         change(effect);
         change(qtEffect);
-        COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+        COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
         QCOMPARE(effect->blurCount(), blurs + 1);
     }
 }
 
+void tst_CachedShadowEffect::changeWhileHiddenIsSeen_data()
+{
+    QTest::addColumn<bool>("hideWindow");
+    QTest::newRow("button hidden") << false;
+    QTest::newRow("window hidden") << true;
+}
+
 void tst_CachedShadowEffect::changeWhileHiddenIsSeen()
 {
-    Framed ours(&makeBtnStyle_Default, false);
-    Framed qts(&makeBtnStyle_Default, true);
-    QVERIFY(showBoth(ours, qts));
-    paint(*ours.frame);
+    QFETCH(bool, hideWindow);
+    ShownPair pair;
+    QVERIFY(pair.show());
 
     // Hidden, a change marks nothing for repainting; shown again, the next
     // paint must not come from the copy made before.
-    for (Framed *f : {&ours, &qts}) {
-        f->button->hide();
+    for (Framed *f : {&pair.ours, &pair.qts}) {
+        QWidget *hidden = hideWindow ? f->frame.get() : static_cast<QWidget *>(f->button);
+        hidden->hide();
         f->button->setBackground(QColor(Qt::red));
-        f->button->show();
+        hidden->show();
     }
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
-}
-
-void tst_CachedShadowEffect::changeWhileParentHiddenIsSeen()
-{
-    Framed ours(&makeBtnStyle_Default, false);
-    Framed qts(&makeBtnStyle_Default, true);
-    QVERIFY(showBoth(ours, qts));
-    paint(*ours.frame);
-
-    for (Framed *f : {&ours, &qts}) {
-        f->frame->hide();
-        f->button->setBackground(QColor(Qt::red));
-        f->frame->show();
-    }
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
 }
 
 void tst_CachedShadowEffect::highDevicePixelRatio()
 {
-    Framed ours(&makeBtnStyle_Default, false);
-    Framed qts(&makeBtnStyle_Default, true);
-    QVERIFY(showBoth(ours, qts));
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
-    const QImage twice = paint(*ours.frame, 2.0);
-    COMPARE_LOOKS(twice, paint(*qts.frame, 2.0));
-    QCOMPARE(twice.size(), ours.frame->size() * 2);
-    COMPARE_LOOKS(paint(*ours.frame, 2.0), twice);
+    ShownPair pair;
+    QVERIFY(pair.show());
+    QWidget &ours = *pair.ours.frame;
+    QWidget &qts = *pair.qts.frame;
+    const QImage twice = paint(ours, 2.0);
+    COMPARE_LOOKS(twice, paint(qts, 2.0));
+    QCOMPARE(twice.size(), ours.size() * 2);
+    COMPARE_LOOKS(paint(ours, 2.0), twice);
     // And back to a ratio of 1.
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    COMPARE_LOOKS(paint(ours), paint(qts));
 }
 
 void tst_CachedShadowEffect::translucentPainter()
 {
-    Framed ours(&makeBtnStyle_Default, false);
-    Framed qts(&makeBtnStyle_Default, true);
-    QVERIFY(showBoth(ours, qts));
-    COMPARE_LOOKS(paint(*ours.frame, 1.0, 0.5), paint(*qts.frame, 1.0, 0.5));
-    COMPARE_LOOKS(paint(*ours.frame, 1.0, 0.5), paint(*qts.frame, 1.0, 0.5));
+    ShownPair pair;
+    QVERIFY(pair.show());
+    for (int i = 0; i < 2; ++i)
+        COMPARE_LOOKS(paint(*pair.ours.frame, 1.0, 0.5), paint(*pair.qts.frame, 1.0, 0.5));
+}
+
+void tst_CachedShadowEffect::movedOrScaledPainter_data()
+{
+    QTest::addColumn<QTransform>("transform");
+    QTest::newRow("moved") << QTransform::fromTranslate(13, 7);
+    QTest::newRow("scaled") << QTransform::fromScale(1.5, 1.5);
+}
+
+void tst_CachedShadowEffect::movedOrScaledPainter()
+{
+    QFETCH(QTransform, transform);
+    ShownPair pair;
+    QVERIFY(pair.show());
+    // Drawn elsewhere than the kept copy was made for, then back.
+    for (int i = 0; i < 2; ++i)
+        COMPARE_LOOKS(paint(*pair.ours.frame, 1.0, 1.0, transform), paint(*pair.qts.frame, 1.0, 1.0, transform));
+    COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
 }
 
 void tst_CachedShadowEffect::noBlurNoOffset()
@@ -484,21 +503,20 @@ void tst_CachedShadowEffect::noBlurNoOffset()
 
 void tst_CachedShadowEffect::effectOnAnotherWidget()
 {
-    // Owned by one widget, set on another: never trusted, always right.
-    Framed qts(&makeBtnStyle_Default, true);
-    Framed ours(&makeBtnStyle_Default, false);
-    auto *owner = new QObject(ours.frame.get());
+    // Owned by one object, set on a widget: never trusted, always right.
+    ShownPair pair;
+    auto *owner = new QObject(pair.ours.frame.get());
     auto *effect = new CachedShadowEffect(owner);
     effect->setOffset(0, 3);
     effect->setBlurRadius(30);
-    effect->setColor(qobject_cast<QGraphicsDropShadowEffect *>(qts.button->graphicsEffect())->color());
-    ours.button->setGraphicsEffect(effect);
-    QVERIFY(showBoth(ours, qts));
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    effect->setColor(pair.effect()->color());
+    pair.ours.button->setGraphicsEffect(effect);
+    QVERIFY(pair.show());
+    COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
     const int renders = effect->renderCount();
-    COMPARE_LOOKS(paint(*ours.frame), paint(*qts.frame));
+    COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
     QCOMPARE(effect->renderCount(), renders + 1);
-    ours.button->setGraphicsEffect(nullptr);
+    pair.ours.button->setGraphicsEffect(nullptr);
 }
 
 void tst_CachedShadowEffect::removedEffectReleasesCache()
