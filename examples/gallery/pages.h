@@ -1,0 +1,23 @@
+#ifndef GALLERY_PAGES_H
+#define GALLERY_PAGES_H
+// The gallery's pages, one source file each.
+#include <QLocale>
+#include <QStringList>
+
+class GalleryPage;
+class GalleryWindow;
+
+GalleryPage *makeFoundationPage();
+GalleryPage *makeLabelsPage();
+GalleryPage *makeLanguagePage();
+GalleryPage *makeLinksPage();
+
+// Creates every page and adds it to the window, in list order.
+void addGalleryPages(GalleryWindow &window);
+
+// The sixteen language-pack names, in the order the language page lists them.
+QStringList languagePacks();
+// A locale whose pack is `pack` (English for a name that is not a pack).
+QLocale localeOfPack(const QString &pack);
+
+#endif // GALLERY_PAGES_H
