@@ -2,6 +2,11 @@
 #define ORVANE_ORVANEWIDGETS_H
 
 // Buttons, effects and labels: style records, the image button, stock styles, eliding and spinning labels.
+#include <Orvane/shadoweffect.h>
+#include <Orvane/buttonshadoweffect.h>
+#include <Orvane/imagebuttonstyle.h>
+#include <Orvane/imagebutton.h>
+#include <Orvane/buttonstyles.h>
 
 #include <Orvane/elidedlabel.h>
 #include <Orvane/rotationlabel.h>

@@ -1,0 +1,12 @@
+#include <Orvane/slice.h>
+
+namespace Orvane {
+
+QPixmap Slice::slice() const
+{
+    if (!image)
+        return QPixmap();
+    return image->copy(rect);
+}
+
+} // namespace Orvane

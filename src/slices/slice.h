@@ -1,0 +1,32 @@
+#ifndef ORVANE_SLICE_H
+#define ORVANE_SLICE_H
+
+// One named slice: a rectangle on a sheet pixmap that the slice catalogue
+// (SliceManager) owns. A Slice is a plain value, copied freely; it holds
+// only a pointer to the sheet and the rectangle, never pixel data. The
+// sheet outlives every Slice that points at it.
+
+#include <Orvane/orvane_export.h>
+
+#include <QPixmap>
+#include <QRect>
+
+namespace Orvane {
+
+struct ORVANE_EXPORT Slice
+{
+    // The sheet the slice lies on; not owned. Null in a default Slice.
+    QPixmap *image = nullptr;
+    // The slice's rectangle on the sheet; the null rectangle means the
+    // whole sheet.
+    QRect rect;
+
+    // A null pixmap when there is no sheet, else the sheet's copy of rect
+    // (QPixmap::copy rules: an empty rectangle copies the whole sheet, any
+    // other is clipped to it).
+    QPixmap slice() const;
+};
+
+} // namespace Orvane
+
+#endif // ORVANE_SLICE_H

@@ -1,0 +1,96 @@
+#include "sliceconfig_p.h"
+
+#include <QDebug>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QPixmap>
+#include <QRegExp>
+#include <QStringList>
+
+namespace Orvane {
+
+namespace {
+
+// "begin" and "size" hold two whole numbers split by a comma, a space, or
+// both; anything else leaves the caller's default.
+bool readNumberPair(const QVariant &value, int *first, int *second)
+{
+    const QStringList parts = value.toString().split(QRegExp(QStringLiteral("[, ]")), Qt::SkipEmptyParts);
+    if (parts.size() != 2)
+        return false;
+    *first = parts.at(0).toInt(nullptr, 10);
+    *second = parts.at(1).toInt(nullptr, 10);
+    return true;
+}
+
+int clampCoordinate(qint64 value)
+{
+    return int(qBound<qint64>(-maxSliceCoordinate, value, maxSliceCoordinate));
+}
+
+} // namespace
+
+bool readSliceConfig(SliceManager &manager, const QByteArray &json)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(json);
+    if (document.isEmpty())
+        return false;
+
+    const QJsonArray entries = document.array();
+    for (const QJsonValue &value : entries) {
+        const QVariantMap entry = value.toObject().toVariantMap();
+        manager.m_images.append(QPixmap(QStringLiteral(":/") + entry.value(QStringLiteral("filename")).toString()));
+        // QList keeps each QPixmap in its own heap node, so this address
+        // survives later appends.
+        QPixmap *sheet = &manager.m_images.last();
+
+        const QVariantList groups = entry.value(QStringLiteral("slices")).toList();
+        for (const QVariant &group : groups)
+            manager.parseFileNode(group.toMap(), sheet);
+
+        qDebug() << "slices: " << manager.m_slices.keys();
+    }
+    return true;
+}
+
+SliceMethod parseSliceMethod(const QVariantMap &method)
+{
+    SliceMethod result;
+
+    const QString type = method.value(QStringLiteral("type")).toString();
+    if (type == QLatin1String("hor-line"))
+        result.type = 1;
+    else if (type == QLatin1String("ver-line"))
+        result.type = 2;
+
+    int first = 0;
+    int second = 0;
+    if (readNumberPair(method.value(QStringLiteral("begin")), &first, &second))
+        result.begin = QPoint(first, second);
+
+    result.spacing = method.value(QStringLiteral("spacing")).toInt();
+
+    if (readNumberPair(method.value(QStringLiteral("size")), &first, &second))
+        result.size = QSize(first, second);
+
+    return result;
+}
+
+QRect sliceRect(const SliceMethod &method, int index)
+{
+    if (method.type != 1 && method.type != 2)
+        return QRect();
+
+    const bool horizontal = method.type == 1;
+    // |index| < 2^31 and |step| <= 2^32, so the offset fits in 64 bits.
+    const qint64 step = qint64(horizontal ? method.size.width() : method.size.height()) + method.spacing;
+    const qint64 offset = qint64(index) * step;
+    const qint64 x = method.begin.x() + (horizontal ? offset : 0);
+    const qint64 y = method.begin.y() + (horizontal ? 0 : offset);
+    return QRect(clampCoordinate(x), clampCoordinate(y),
+                 clampCoordinate(method.size.width()), clampCoordinate(method.size.height()));
+}
+
+} // namespace Orvane

@@ -1,0 +1,104 @@
+#ifndef ORVANE_SLICEMANAGER_H
+#define ORVANE_SLICEMANAGER_H
+
+// The image catalogue. Named slices: the host embeds ":/slices.json" and
+// its sheet images in its own resources; the catalogue reads the file once,
+// when it is constructed, decodes every sheet then, and cuts a slice out of
+// its sheet on the first slice() call for its name, keeping the cut pixmap
+// for later calls. Loose images: the static helpers load files by name from
+// the folder "images" beside the host executable, uncached (only
+// lossFileCover() keeps what it loaded).
+//
+// A host normally uses the one shared catalogue, sharedInstance(), created on
+// its first use and never deleted. Constructing another SliceManager gives an
+// independent catalogue that reads the file again. GUI thread only.
+//
+// The catalogue owns the sheets (m_images) and the cut pixmaps (m_cache);
+// every Slice in m_slices points at an element of m_images. Those addresses
+// stay stable while the list grows, as long as the list is never copied and
+// then written to (a detach moves its elements).
+//
+// Decisions of ours:
+// - The members and parseFileNode() are protected, so that a subclass can
+//   inspect or extend the catalogue; nothing else is reachable.
+// - Slice positions are computed in 64 bits and clamped to +/-2^29 pixels, so
+//   huge numbers in the file cannot overflow; no real sheet comes near that.
+// - pixmapGroupNamed() returns an empty vector for a count of 0 (instead of
+//   dividing by zero), for a crop that misses the image and for more frames
+//   than the strip has pixels (where QPixmap::copy() would hand back the
+//   whole image for each).
+
+#include <Orvane/orvane_export.h>
+#include <Orvane/slice.h>
+
+#include <QImage>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QPixmap>
+#include <QRect>
+#include <QString>
+#include <QVariantMap>
+#include <QVector>
+
+class QByteArray;
+
+namespace Orvane {
+
+class ORVANE_EXPORT SliceManager : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(SliceManager)
+
+public:
+    // Reads ":/slices.json" (loadConfig()); its result is not looked at.
+    SliceManager();
+    ~SliceManager() override;
+
+    // The process-wide catalogue, created on the first call.
+    static SliceManager &sharedInstance();
+
+    // The slice of that name, cut once and then served from the cache; a
+    // null pixmap for an unknown name. Writes the debug lines "slice: " and,
+    // on a miss, "slice not found:" with the name.
+    QPixmap slice(const QString &name);
+
+    // Reads ":/slices.json" and appends its sheets and slices; false when
+    // the file is missing, empty or not JSON. A further call reads it again
+    // without clearing anything.
+    bool loadConfig();
+
+    // The file `name` in the folder "images" beside the executable, cleaned
+    // ("." and ".." resolved, "/" separators). The name may hold subfolders.
+    static QString pathNamed(const QString &name);
+    // That file loaded as a pixmap or image; null when it is missing.
+    static QPixmap pixmapNamed(const QString &name);
+    static QImage imageNamed(const QString &name);
+    // `count` equal frames side by side, cut from the file (first cropped to
+    // `rect` when that is not empty); the remainder of the width belongs to
+    // no frame. Empty when the file is missing, the crop misses the image,
+    // count is not positive or exceeds the width.
+    static QVector<QPixmap> pixmapGroupNamed(const QString &name, int count, const QRect &rect);
+    // "AppIcon.png" from the images folder.
+    static QPixmap appIcon();
+    // "cover_default.png" from the images folder, read until it was found
+    // once and then kept.
+    static QPixmap lossFileCover();
+
+protected:
+    // Enters the slices of one group of the file, all lying on `sheet`; a
+    // name defined earlier is overwritten.
+    void parseFileNode(const QVariantMap &group, QPixmap *sheet);
+
+    QMap<QString, Slice> m_slices;
+    QList<QPixmap> m_images;
+    QMap<QString, QPixmap> m_cache;
+
+private:
+    // The reader behind loadConfig(), which takes the file's bytes.
+    friend bool readSliceConfig(SliceManager &manager, const QByteArray &json);
+};
+
+} // namespace Orvane
+
+#endif // ORVANE_SLICEMANAGER_H
