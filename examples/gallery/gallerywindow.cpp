@@ -5,8 +5,6 @@
 #include <Orvane/Orvane.h>
 
 #include <QComboBox>
-#include <QCoreApplication>
-#include <QIcon>
 #include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -52,7 +50,7 @@ GalleryWindow::GalleryWindow(const QString &logDir, QWidget *parent)
 {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(tr("Orvane gallery"));
-    setWindowIcon(QIcon(QCoreApplication::applicationDirPath() + QStringLiteral("/images/AppIcon.png")));
+    setWindowIcon(Orvane::SliceManager::appIcon());
     setStyleSheet(QString::fromLatin1(galleryStyle));
 
     auto *bar = addToolBar(tr("Skin"));
@@ -87,7 +85,7 @@ GalleryWindow::GalleryWindow(const QString &logDir, QWidget *parent)
     connect(m_list, &QListWidget::currentRowChanged, m_stack, &QStackedWidget::setCurrentIndex);
 
     statusBar()->addWidget(new QLabel(tr("Log folder: %1").arg(QDir::toNativeSeparators(logDir))));
-    resize(1120, 760);
+    resize(1200, 800);
 }
 
 void GalleryWindow::addPage(GalleryPage *page)

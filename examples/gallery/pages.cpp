@@ -5,7 +5,9 @@
 void addGalleryPages(GalleryWindow &window)
 {
     window.addPage(makeFoundationPage());
+    window.addPage(makeButtonsPage());
     window.addPage(makeLabelsPage());
+    window.addPage(makeSlicesPage());
     window.addPage(makeLanguagePage());
     window.addPage(makeLinksPage());
 }

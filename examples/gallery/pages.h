@@ -8,7 +8,9 @@ class GalleryPage;
 class GalleryWindow;
 
 GalleryPage *makeFoundationPage();
+GalleryPage *makeButtonsPage();
 GalleryPage *makeLabelsPage();
+GalleryPage *makeSlicesPage();
 GalleryPage *makeLanguagePage();
 GalleryPage *makeLinksPage();
 

@@ -30,8 +30,9 @@ namespace {
 
 QStringList expectedPictures()
 {
-    return {QStringLiteral("foundation.png"), QStringLiteral("labels.png"),
-            QStringLiteral("language.png"), QStringLiteral("links.png")};
+    return {QStringLiteral("foundation.png"), QStringLiteral("buttons.png"),
+            QStringLiteral("labels.png"),     QStringLiteral("slices.png"),
+            QStringLiteral("language.png"),   QStringLiteral("links.png")};
 }
 
 QProcessEnvironment withoutDisplay()
