@@ -17,6 +17,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "benchsummary.h"
+
 #include <sys/resource.h>
 
 #include <cstdio>
@@ -164,10 +166,12 @@ void compareCpu(int size, double seconds)
     const CpuUse peer = measureCpu(&plain, seconds);
     animation.stop();
 
-    std::printf("CPU per second of animation, %d px: spinning label %.1f ms (%.0f frames/s), "
-                "plain QLabel + transformed %.1f ms (%.0f frames/s), still label %.1f ms; ratio %.2f\n",
-                size, ours.cpuMsPerSecond, ours.framesPerSecond, peer.cpuMsPerSecond, peer.framesPerSecond,
-                idle.cpuMsPerSecond, peer.cpuMsPerSecond > 0 ? ours.cpuMsPerSecond / peer.cpuMsPerSecond : 0.0);
+    std::printf("CPU per second of animation, %d px: spinning label %.0f frames/s, plain QLabel %.0f frames/s, "
+                "still label %.1f ms\n",
+                size, ours.framesPerSecond, peer.framesPerSecond, idle.cpuMsPerSecond);
+    const std::string label = "RotationLabel, CPU per second of spinning, " + std::to_string(size) + " px";
+    OrvaneBench::recordCost(label.c_str(), ours.cpuMsPerSecond, peer.cpuMsPerSecond, "ms",
+                            "a QLabel showing QPixmap::transformed frames");
 }
 
 } // namespace
@@ -183,9 +187,10 @@ int main(int argc, char **argv)
         const std::string arg = "/" + std::to_string(size);
         const auto ours = reporter.times.find("BM_LabelFrame" + arg);
         const auto peer = reporter.times.find("BM_PlainTransformed" + arg);
-        if (ours != reporter.times.end() && peer != reporter.times.end() && peer->second > 0)
-            std::printf("One frame, %d px: %.2f us CPU, QPixmap::transformed %.2f us CPU, ratio %.2f\n", size, ours->second,
-                        peer->second, ours->second / peer->second);
+        if (ours != reporter.times.end() && peer != reporter.times.end() && peer->second > 0) {
+            const std::string label = "RotationLabel, one frame, " + std::to_string(size) + " px (CPU)";
+            OrvaneBench::recordCost(label.c_str(), ours->second, peer->second, "us", "QPixmap::transformed");
+        }
     }
     for (int size : {32, 128})
         compareCpu(size, 3.0);

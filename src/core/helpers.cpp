@@ -90,8 +90,8 @@ void moveToCenterOfWindow(QWidget *widget)
         const QRect geometry = w->geometry();
         const QPoint center = geometry.center();
         const QSize size = widget->sizeHint();
-        qDebug() << "wnd center: " << geometry.topLeft();
-        qDebug() << "sz: " << size;
+        qDebug().nospace() << "wnd center: " << geometry.topLeft();
+        qDebug().nospace() << "sz: " << size;
         widget->setGeometry(QRect(QPoint(center.x() - size.width() / 2, center.y() - size.height() / 2), size));
     }
 }
@@ -125,10 +125,13 @@ void drawStretchedImage(QPainter &painter, const QSize &size, const QPixmap &pix
 {
     const int W = size.width();
     const int H = size.height();
-    const int L = margins.left();
-    const int T = margins.top();
-    const int R = margins.right();
-    const int B = margins.bottom();
+    if (W <= 0 || H <= 0)
+        return;
+    // Negative margins are bad input; they count as none.
+    const int L = std::max(margins.left(), 0);
+    const int T = std::max(margins.top(), 0);
+    const int R = std::max(margins.right(), 0);
+    const int B = std::max(margins.bottom(), 0);
 
     const bool noMargins = L == 0 && T == 0 && R == 0 && B == 0;
     const bool tooSmall = W < L + R || H < T + B;

@@ -16,14 +16,14 @@
 
 #include <Orvane/orvane_export.h>
 
+#include <QMargins>
+#include <QPixmap>
+#include <QSize>
 #include <QString>
 
 QT_BEGIN_NAMESPACE
 class QHBoxLayout;
-class QMargins;
 class QPainter;
-class QPixmap;
-class QSize;
 class QVBoxLayout;
 class QWidget;
 QT_END_NAMESPACE
@@ -33,7 +33,8 @@ namespace Orvane {
 // A QHBoxLayout on `parent` (may be null) with all four contents margins set
 // to `margin` and the given spacing. The caller, or the parent widget the
 // layout was installed on, owns it. A parent that already has a layout keeps
-// its old one (Qt warns) and the new layout is returned unparented.
+// its old one (Qt warns) and the new layout is returned without a parent,
+// owned by the caller.
 ORVANE_EXPORT QHBoxLayout *makeHBoxLayout(QWidget *parent, int margin, int spacing);
 
 // The same for a QVBoxLayout.
@@ -52,8 +53,8 @@ ORVANE_EXPORT void moveToCenter(QWidget *widget, QWidget *parent);
 
 // Gives `widget` its size hint and centres it on the centre of every
 // QMainWindow's geometry in turn, so the last one in QApplication::allWidgets()
-// order wins. Writes the debug lines "wnd center: " with that window's
-// top-left corner and "sz: " with the size. Nothing happens for a null widget.
+// order wins. Writes the debug lines "wnd center: QPoint(x,y)" with that
+// window's top-left corner and "sz: QSize(w, h)" with the size. Nothing happens for a null widget.
 ORVANE_EXPORT void moveToCenterOfWindow(QWidget *widget);
 
 // Opens `url` (parsed tolerantly) in the system browser; the result is
@@ -77,7 +78,8 @@ ORVANE_EXPORT QString smartAppendPath(const QString &base, const QString &tail);
 // large as the margins stay unscaled, the edges stretch along their side and
 // the middle in both directions. The source middle is at least one pixel.
 // Zero margins, or a target smaller than the margins, draw the whole pixmap
-// scaled; a zero margin drops its own corner and edge pieces.
+// scaled; a zero margin drops its own corner and edge pieces. An empty or
+// negative size draws nothing; a negative margin counts as 0.
 ORVANE_EXPORT void drawStretchedImage(QPainter &painter, const QSize &size, const QPixmap &pixmap,
                                       const QMargins &margins);
 

@@ -2,8 +2,9 @@
 #define ORVANE_ORVANECORE_H
 
 // Library foundation: start-up and resources, thread helpers, window, layout
-// and image helpers, version.
+// and image helpers, the log file, version.
 #include <Orvane/helpers.h>
+#include <Orvane/minilogger.h>
 #include <Orvane/startup.h>
 #include <Orvane/threads.h>
 #include <Orvane/version.h>

@@ -2,5 +2,6 @@
 #define ORVANE_ORVANECRYPTO_H
 
 // The AES codec.
+#include <Orvane/aescodec.h>
 
 #endif // ORVANE_ORVANECRYPTO_H

@@ -1,0 +1,31 @@
+# Turns the rows the benchmarks appended to SUMMARY (tab-separated) into a
+# Markdown table in OUT, headed by the machine it was measured on.
+#   cmake -DSUMMARY=... -DOUT=... -P summary.cmake
+if(NOT EXISTS "${SUMMARY}")
+    message(FATAL_ERROR "no benchmark reported a ratio (${SUMMARY} is missing)")
+endif()
+file(STRINGS "${SUMMARY}" rows)
+
+set(cpu "unknown CPU")
+if(EXISTS /proc/cpuinfo)
+    file(STRINGS /proc/cpuinfo models REGEX "^model name")
+    list(GET models 0 model)
+    string(REGEX REPLACE "^model name[ \t]*:[ \t]*" "" cpu "${model}")
+endif()
+cmake_host_system_information(RESULT cores QUERY NUMBER_OF_LOGICAL_CORES)
+cmake_host_system_information(RESULT memory QUERY TOTAL_PHYSICAL_MEMORY)
+cmake_host_system_information(RESULT os QUERY OS_NAME)
+cmake_host_system_information(RESULT release QUERY OS_RELEASE)
+string(TIMESTAMP today "%Y-%m-%d")
+
+set(md "Measured on ${today}: ${cpu}, ${cores} logical cores, ${memory} MiB, ${os} ${release}; Release build, offscreen platform.\n\n")
+string(APPEND md "| Measurement | Orvane | Peer | Peer's figure | Ratio | Better | Target |\n")
+string(APPEND md "|---|---|---|---|---|---|---|\n")
+foreach(row IN LISTS rows)
+    string(REPLACE "|" "\\|" row "${row}")
+    string(REPLACE "\t" " | " row "${row}")
+    string(APPEND md "| ${row} |\n")
+endforeach()
+file(WRITE "${OUT}" "${md}")
+message("${md}")
+message("written to ${OUT}")

@@ -1,0 +1,146 @@
+#ifndef ORVANE_AESCODEC_H
+#define ORVANE_AESCODEC_H
+
+// AES (128, 192 and 256-bit keys) over whole byte arrays in memory, with four
+// modes of operation and three padding schemes, for hosts that need to
+// encrypt small buffers without another cryptography package.
+//
+// A host either makes a codec for one key size, mode and padding and calls
+// encode()/decode()/removePadding(), or uses the static shorthands, which
+// build a temporary codec per call:
+//
+//     QByteArray secret = AESCodec::Crypt(AESCodec::Aes256, AESCodec::Cbc, text, key, iv,
+//                                         AESCodec::Pkcs7Padding);
+//     QByteArray back = AESCodec::RemovePadding(
+//         AESCodec::Decrypt(AESCodec::Aes256, AESCodec::Cbc, secret, key, iv,
+//                           AESCodec::Pkcs7Padding), AESCodec::Pkcs7Padding);
+//
+// encode() always pads, in every mode, so its result is a whole number of
+// 16-byte blocks; decode() keeps the padding and removePadding() takes it
+// off. Pkcs7Padding adds a whole block to aligned input, IsoPadding adds
+// nothing to aligned input, and PKCS #7 removal does not validate the
+// padding bytes. A wrong key is not detected.
+//
+// One object keeps the block being transformed in a member, so it must not be
+// used by two threads at once; the static shorthands are safe from any
+// thread. Where the CPU has AES instructions they are used (chosen at run
+// time); otherwise the portable round functions run.
+//
+// Decisions where the behaviour is ours to choose:
+// - A key whose length is not the chosen size's (16, 24 or 32 bytes) gives an
+//   empty result from encode(), decode() and expandKey().
+// - An IV that is not exactly 16 bytes gives an empty result in Cbc, Cfb and
+//   Ofb; Ecb ignores the IV. A mode value outside the enumeration gives an
+//   empty result from encode() and decode(); a padding value outside it pads
+//   like ZeroPadding and removes nothing.
+// - decode() of input whose length is not a multiple of 16: Ecb and Cbc
+//   cannot decrypt a partial block and return an empty array; Cfb and Ofb
+//   decrypt the trailing partial block over its length, so the result is as
+//   long as the input.
+// - ZeroPadding removal stops at the empty array: an input of zero bytes
+//   only becomes empty.
+// - encode() of more than 1 GiB gives an empty result.
+// - printArray() of a null pointer or a size below 1 gives an empty array.
+// - The expanded-key length of AES192 reads 209 although the schedule makes
+//   208 bytes; the schedule always runs by Nb * (Nr + 1) words.
+
+#include <Orvane/orvane_export.h>
+
+#include <QByteArray>
+#include <QObject>
+
+namespace Orvane {
+
+class ORVANE_EXPORT AESCodec : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The enumerations have int as their underlying type, so any int converts
+    // to them safely; values outside the lists are handled as described below.
+    enum Aes : int { Aes128 = 0, Aes192 = 1, Aes256 = 2 };
+    Q_ENUM(Aes)
+    enum Mode : int { Ecb = 0, Cbc = 1, Cfb = 2, Ofb = 3 };
+    Q_ENUM(Mode)
+    enum Padding : int { ZeroPadding = 0, Pkcs7Padding = 1, IsoPadding = 2 };
+    Q_ENUM(Padding)
+
+    // Parameters of a key size: Nk (key words), key bytes, Nr (rounds),
+    // expanded-key bytes.
+    struct AES128
+    {
+        qint32 nk = 4;
+        qint32 keyLen = 16;
+        qint32 nr = 10;
+        qint32 expandedKey = 176;
+    };
+    struct AES192
+    {
+        qint32 nk = 6;
+        qint32 keyLen = 24;
+        qint32 nr = 12;
+        qint32 expandedKey = 209;
+    };
+    struct AES256
+    {
+        qint32 nk = 8;
+        qint32 keyLen = 32;
+        qint32 nr = 14;
+        qint32 expandedKey = 240;
+    };
+
+    // A level other than Aes192 or Aes256 gets the 128-bit values.
+    AESCodec(Aes level, Mode mode, Padding padding);
+    ~AESCodec() override;
+
+    // Pads rawText and encrypts it; the result is the padded length.
+    QByteArray encode(const QByteArray &rawText, const QByteArray &key, const QByteArray &iv);
+    // Decrypts; the padding stays (see removePadding()).
+    QByteArray decode(const QByteArray &rawText, const QByteArray &key, const QByteArray &iv);
+    // Takes this codec's padding off decrypted data.
+    QByteArray removePadding(const QByteArray &rawText);
+    // The key schedule for this codec's key size, key bytes first.
+    QByteArray expandKey(const QByteArray &key);
+    // Lowercase hexadecimal text of the first size bytes of data.
+    QByteArray printArray(unsigned char *data, int size);
+
+    static QByteArray Crypt(Aes level, Mode mode, const QByteArray &rawText, const QByteArray &key,
+                            const QByteArray &iv, Padding padding);
+    static QByteArray Decrypt(Aes level, Mode mode, const QByteArray &rawText, const QByteArray &key,
+                              const QByteArray &iv, Padding padding);
+    static QByteArray ExpandKey(Aes level, Mode mode, const QByteArray &key);
+    static QByteArray RemovePadding(const QByteArray &rawText, Padding padding);
+
+private:
+    void cipher(const quint8 *expandedKey);
+    void invCipher(const quint8 *expandedKey);
+    void addRoundKey(int round, const quint8 *expandedKey);
+    void subBytes();
+    void shiftRows();
+    void mixColumns();
+    void invSubBytes();
+    void invShiftRows();
+    void invMixColumns();
+    quint8 getSBoxValue(quint8 num) const;
+    quint8 getSBoxInvert(quint8 num) const;
+    QByteArray byteXor(const QByteArray &a, const QByteArray &b) const;
+    QByteArray getPadding(int currentSize, int alignment) const;
+
+    const qint32 m_nb = 4;
+    const qint32 m_blockLen = 16;
+    Aes m_level;
+    Mode m_mode;
+    qint32 m_nk;
+    qint32 m_keyLen;
+    qint32 m_nr;
+    qint32 m_expandedKey;
+    Padding m_padding;
+    quint8 *m_state = nullptr;
+    quint8 m_sbox[256];
+    quint8 m_rsbox[256];
+    quint8 m_rcon[11];
+};
+
+} // namespace Orvane
+
+#endif // ORVANE_AESCODEC_H

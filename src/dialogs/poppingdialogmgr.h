@@ -1,0 +1,66 @@
+#ifndef ORVANE_POPPINGDIALOGMGR_H
+#define ORVANE_POPPINGDIALOGMGR_H
+
+// A process-wide registry of dialogs the host has popped up: holding a
+// shared pointer here keeps a modeless dialog alive after the code that made
+// it returned, and clear() closes them all at once.
+//
+//     auto dlg = QSharedPointer<QDialog>(new MyDialog, &QObject::deleteLater);
+//     PoppingDialogMgr::sharedInstance()->push(dlg);
+//     dlg->show();
+//     ...
+//     PoppingDialogMgr::sharedInstance()->clear(); // e.g. when the host quits
+//
+// The registry shares ownership with every other holder of the pointers. It
+// does not watch the dialogs: one that closes or is destroyed by other means
+// stays held until remove() or clear(). A dialog with Qt::WA_DeleteOnClose
+// deletes itself later when closed, so give its shared pointer the deleter
+// &QObject::deleteLater; a plain delete would then run twice.
+//
+// The single instance is created on first use, has no parent and is never
+// destroyed. The constructor is protected so that the instance cannot be
+// made twice by accident; a subclass may still build a private registry.
+// GUI thread only: nothing is locked.
+
+#include <Orvane/orvane_export.h>
+
+#include <QDialog>
+#include <QList>
+#include <QObject>
+#include <QSharedPointer>
+
+namespace Orvane {
+
+class ORVANE_EXPORT PoppingDialogMgr : public QObject
+{
+    Q_OBJECT
+
+public:
+    static PoppingDialogMgr *sharedInstance();
+
+    ~PoppingDialogMgr() override;
+
+    // Appends `dialog` unless an entry already points to the same dialog.
+    // A null pointer is held like any other value, once.
+    void push(QSharedPointer<QDialog> dialog);
+
+    // Drops every entry pointing to the same dialog; does not close it.
+    void remove(QSharedPointer<QDialog> dialog);
+
+    // Ends every held dialog that is a top-level window with done(0), in the
+    // order of QApplication::topLevelWidgets(), then drops every entry. Held
+    // dialogs with a parent widget are only dropped.
+    void clear();
+
+protected:
+    PoppingDialogMgr();
+
+    QList<QSharedPointer<QDialog>> m_dialogs; // insertion order, no duplicates
+
+private:
+    Q_DISABLE_COPY(PoppingDialogMgr)
+};
+
+} // namespace Orvane
+
+#endif // ORVANE_POPPINGDIALOGMGR_H
