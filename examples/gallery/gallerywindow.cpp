@@ -67,8 +67,13 @@ GalleryWindow::GalleryWindow(const QString &logDir, QWidget *parent)
     for (int s : skins())
         m_skinBox->addItem(tr("%1 (%2)").arg(skinName(s)).arg(s), s);
     bar->addWidget(m_skinBox);
-    connect(m_skinBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-            [this](int) { Q_EMIT skinChanged(skin()); });
+    m_skinBox->setCurrentIndex(qMax(0, m_skinBox->findData(Orvane::currentDialogSkin())));
+    // The message box takes the process-wide skin; the gallery's other
+    // dialogs are given the same number.
+    connect(m_skinBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int) {
+        Orvane::setCurrentDialogSkin(skin());
+        Q_EMIT skinChanged(skin());
+    });
 
     auto *central = new QWidget;
     auto *row = new QHBoxLayout(central);

@@ -74,9 +74,12 @@ int main(int argc, char *argv[])
     if (offscreen)
         QSettings().clear();
 
+    // Every Qt message from here on, the library's own included, goes to a
+    // time-stamped file in this folder (the library does not create it).
     const QString logDir = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)
                            + QStringLiteral("/logs");
     QDir().mkpath(logDir);
+    Orvane::initMiniLogger(QStringLiteral("gallery_"), logDir);
 
     Orvane::ensureOrvaneResources();
     if (offscreen)

@@ -5,9 +5,11 @@
 void addGalleryPages(GalleryWindow &window)
 {
     window.addPage(makeFoundationPage());
+    window.addPage(makeDialogsPage(window));
     window.addPage(makeButtonsPage());
     window.addPage(makeLabelsPage());
     window.addPage(makeSlicesPage());
     window.addPage(makeLanguagePage());
     window.addPage(makeLinksPage());
+    window.addPage(makeAesPage());
 }

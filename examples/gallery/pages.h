@@ -8,11 +8,13 @@ class GalleryPage;
 class GalleryWindow;
 
 GalleryPage *makeFoundationPage();
+GalleryPage *makeDialogsPage(GalleryWindow &window);
 GalleryPage *makeButtonsPage();
 GalleryPage *makeLabelsPage();
 GalleryPage *makeSlicesPage();
 GalleryPage *makeLanguagePage();
 GalleryPage *makeLinksPage();
+GalleryPage *makeAesPage();
 
 // Creates every page and adds it to the window, in list order.
 void addGalleryPages(GalleryWindow &window);

@@ -8,6 +8,64 @@
 #include <QPainter>
 #include <QWidget>
 
+namespace {
+
+// The smallest rectangle holding every pixel that is not fully transparent:
+// a frameless translucent dialog keeps a clear band around its panel.
+QRect opaqueRect(const QImage &image)
+{
+    int left = image.width(), top = image.height(), right = -1, bottom = -1;
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(line[x]) == 0)
+                continue;
+            left = qMin(left, x);
+            right = qMax(right, x);
+            top = qMin(top, y);
+            bottom = qMax(bottom, y);
+        }
+    }
+    return right < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
+}
+
+// The soft shadow a compositor draws under a window.
+void drawWindowShadow(QPainter &painter, const QRect &rect)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    for (int i = 14; i > 0; --i) {
+        painter.setBrush(QColor(20, 20, 40, 5));
+        painter.drawRoundedRect(rect.adjusted(-i, -i + 6, i, i + 6), 8 + i, 8 + i);
+    }
+    painter.restore();
+}
+
+// The platform's title bar, for windows that keep their frame: the
+// offscreen platform draws none, so the screenshot adds a plain one.
+void drawTitleBar(QPainter &painter, const QRect &window, const QString &title)
+{
+    const QRect bar(window.left(), window.top() - 26, window.width(), 26);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QLinearGradient fill(bar.topLeft(), bar.bottomLeft());
+    fill.setColorAt(0, QColor(0xEC, 0xEC, 0xEE));
+    fill.setColorAt(1, QColor(0xD9, 0xD9, 0xDC));
+    painter.fillRect(bar, fill);
+    const QColor lights[] = {QColor(0xFF, 0x5F, 0x57), QColor(0xFE, 0xBC, 0x2E), QColor(0x28, 0xC8, 0x40)};
+    for (int i = 0; i < 3; ++i) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(lights[i]);
+        painter.drawEllipse(QPointF(bar.left() + 14 + i * 20, bar.center().y() + 0.5), 6, 6);
+    }
+    painter.setPen(QColor(0x4A, 0x4A, 0x50));
+    painter.drawText(bar, Qt::AlignCenter, title);
+    painter.restore();
+}
+
+} // namespace
+
 QImage composeScreen(QWidget *mainWindow)
 {
     QImage screen = mainWindow->grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
@@ -20,8 +78,18 @@ QImage composeScreen(QWidget *mainWindow)
         if (w == mainWindow || !w->isVisible() || w->windowType() == Qt::ToolTip
             || w->windowType() == Qt::Popup)
             continue;
-        const QPixmap picture = w->grab();
-        painter.drawPixmap(w->geometry().topLeft() - origin, picture);
+        const QImage picture = w->grab().toImage().convertToFormat(QImage::Format_ARGB32);
+        const QRect place = w->geometry().translated(-origin);
+        const QRect panel = opaqueRect(picture).translated(place.topLeft());
+        if (panel.isNull())
+            continue;
+        if (w->windowFlags() & Qt::FramelessWindowHint) {
+            drawWindowShadow(painter, panel);
+        } else {
+            drawWindowShadow(painter, panel.adjusted(0, -26, 0, 0));
+            drawTitleBar(painter, place, w->windowTitle());
+        }
+        painter.drawImage(place.topLeft(), picture);
     }
     painter.end();
     return screen.convertToFormat(QImage::Format_RGB32);

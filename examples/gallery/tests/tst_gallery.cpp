@@ -3,6 +3,7 @@
 // working directory, print their paths and exit 0.
 #include <QtTest>
 
+#include <QDateTime>
 #include <QImage>
 #include <QProcess>
 #include <QSet>
@@ -18,9 +19,12 @@ private Q_SLOTS:
     void writesEveryPicture();
     void picturesAreNotBlank_data();
     void picturesAreNotBlank();
+    void skinsLookDifferent();
+    void logsToItsFolder();
     void helpExitsAtOnce();
 
 private:
+    QDateTime m_started;
     QTemporaryDir m_work;
     QStringList m_printed;
     QString m_shots;
@@ -30,9 +34,13 @@ namespace {
 
 QStringList expectedPictures()
 {
-    return {QStringLiteral("foundation.png"), QStringLiteral("buttons.png"),
-            QStringLiteral("labels.png"),     QStringLiteral("slices.png"),
-            QStringLiteral("language.png"),   QStringLiteral("links.png")};
+    QStringList names = {QStringLiteral("foundation.png"), QStringLiteral("buttons.png"),
+                         QStringLiteral("labels.png"),     QStringLiteral("slices.png"),
+                         QStringLiteral("language.png"),   QStringLiteral("links.png"),
+                         QStringLiteral("aes.png")};
+    for (const char *skin : {"dark", "light", "light-blue", "light-violet"})
+        names << QStringLiteral("dialogs-%1.png").arg(QLatin1String(skin));
+    return names;
 }
 
 QProcessEnvironment withoutDisplay()
@@ -49,6 +57,7 @@ QProcessEnvironment withoutDisplay()
 void tst_Gallery::initTestCase()
 {
     QVERIFY(m_work.isValid());
+    m_started = QDateTime::currentDateTime().addSecs(-1);
     QProcess gallery;
     gallery.setProcessEnvironment(withoutDisplay());
     gallery.setWorkingDirectory(m_work.path());
@@ -101,6 +110,42 @@ void tst_Gallery::picturesAreNotBlank()
         largest = qMax(largest, count);
     QVERIFY2(counts.size() >= 100, qPrintable(QStringLiteral("only %1 colours").arg(counts.size())));
     QVERIFY2(largest < samples * 9 / 10, "one colour covers nine tenths of the picture");
+}
+
+// The bar dialog sits in the middle of the dialogs page: its content area
+// is dark in the dark skin and white in the light ones.
+void tst_Gallery::skinsLookDifferent()
+{
+    const auto meanGrey = [this](const QString &name) {
+        const QImage image(QDir(m_shots).absoluteFilePath(name));
+        const QRect area(image.width() / 2 - 180, image.height() / 2 + 50, 60, 30);
+        qint64 sum = 0;
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            for (int x = area.left(); x <= area.right(); ++x)
+                sum += qGray(image.pixel(x, y));
+        return sum / (area.width() * area.height());
+    };
+    QVERIFY2(meanGrey(QStringLiteral("dialogs-dark.png")) < 80, "the dark skin's dialog is not dark");
+    for (const char *skin : {"light", "light-blue", "light-violet"})
+        QVERIFY2(meanGrey(QStringLiteral("dialogs-%1.png").arg(QLatin1String(skin))) > 200,
+                 qPrintable(QStringLiteral("the %1 skin's dialog is not light").arg(QLatin1String(skin))));
+}
+
+// The gallery names its log folder in the status bar; the run must have
+// written a log file there with the library's own messages in it.
+void tst_Gallery::logsToItsFolder()
+{
+    const QString dataHome = withoutDisplay().value(QStringLiteral("XDG_DATA_HOME"),
+                                                    QDir::homePath() + QStringLiteral("/.local/share"));
+    const QDir logs(dataHome + QStringLiteral("/Orvane/Gallery shots/logs"));
+    const QFileInfoList files = logs.entryInfoList({QStringLiteral("gallery_*.txt")}, QDir::Files, QDir::Time);
+    QVERIFY2(!files.isEmpty(), qPrintable(logs.path()));
+    QVERIFY(files.first().lastModified() >= m_started);
+    QFile log(files.first().absoluteFilePath());
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    const QByteArray text = log.readAll();
+    QVERIFY(text.contains("[debug] curVersion: 1.0.0"));
+    QVERIFY(text.contains("[debug] slices: "));
 }
 
 void tst_Gallery::helpExitsAtOnce()
