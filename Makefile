@@ -6,7 +6,7 @@ BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build test demo install images lupdate clean fuzz bench check-sanitize
+.PHONY: all deps configure build test demo install images lupdate clean fuzz bench check-sanitize check-valgrind
 
 all: build
 
@@ -45,6 +45,13 @@ check-sanitize: deps
 	cd $(TSAN_BUILD) && \
 		TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1:suppressions=$(CURDIR)/tests/sanitizers/tsan.supp \
 		QT_QPA_PLATFORM=offscreen ctest --output-on-failure -L threads
+
+# The suite under valgrind's memcheck: no error and no definite leak, with
+# suppressions for Qt and the platform only (tests/sanitizers/valgrind.supp).
+# Slow; not part of CI. Reports land in build/Testing/Temporary/.
+check-valgrind: build
+	@sh scripts/install-deps.sh valgrind
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest -T memcheck --output-on-failure -LE nosanitize
 
 # Every fuzz target for FUZZ_SECONDS each, with clang's libFuzzer,
 # AddressSanitizer and UndefinedBehaviorSanitizer, in its own build tree.

@@ -30,7 +30,7 @@ namespace Orvane {
 
 // Page categories. FirstLaunch and UpgradeLaunch are the pages of
 // jumpRdxByLaunchApp(); the others mean what the host makes them mean.
-enum RdxUrlCategory {
+enum RdxUrlCategory : int {
     Category0 = 0,      // "db"
     Category1 = 1,      // "g"
     Category2 = 2,      // "r"

@@ -50,7 +50,7 @@ class QPainter;
 namespace Orvane {
 
 // The index of every per-state vector of ImageButtonStyle.
-enum ButtonMouseState {
+enum ButtonMouseState : int {
     Normal = 0,
     Hover = 1,
     Pressed = 2, // also while checked
