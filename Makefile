@@ -6,7 +6,7 @@ BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build test demo install images lupdate clean fuzz bench check-sanitize check-valgrind
+.PHONY: all deps configure build test test-windows demo install images lupdate clean fuzz bench check-sanitize check-valgrind
 
 all: build
 
@@ -21,6 +21,12 @@ build: configure
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure --parallel $(JOBS)
+
+# The Windows-only source cross-built with mingw-w64 and tested under wine,
+# headless, with a wine prefix in $(BUILD)/windows (see tests/windows/run.sh).
+test-windows:
+	@sh scripts/install-deps.sh g++-mingw-w64-x86-64 wine64 wine
+	sh tests/windows/run.sh $(BUILD)/windows
 
 demo: build
 	cd $(BUILD) && ./examples/gallery/orvane-gallery

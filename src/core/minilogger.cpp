@@ -1,6 +1,7 @@
 #include <Orvane/minilogger.h>
 
 #include "minilogger_p.h"
+#include "winplatform_p.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -91,8 +92,7 @@ void miniLogMessageHandler(QtMsgType type, const QMessageLogContext &context, co
     const QByteArray line = qFormatLogMessage(type, context, message).toUtf8();
     appendToLog(line + '\n');
 #ifdef Q_OS_WIN
-    OutputDebugStringA(line.constData());
-    OutputDebugStringA("\r\n");
+    sendDebuggerLine(line.constData());
 #endif
     fprintf(stderr, "%s\n", line.constData());
 }

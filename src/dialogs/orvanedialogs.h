@@ -5,6 +5,7 @@
 #include <Orvane/bardialog.h>
 #include <Orvane/dialogskinstyle.h>
 #include <Orvane/macdialog.h>
+#include <Orvane/omessagebox.h>
 #include <Orvane/poppingdialogmgr.h>
 
 #endif // ORVANE_ORVANEDIALOGS_H

@@ -401,7 +401,7 @@ void ImageButton::refreshBG(QPainter &painter)
     const QRect r = rect();
     QBrush brush;
     if (!st.bgColors.isEmpty() && stateBrush(st.bgColors, s, r, &brush)) {
-        static const QPen transparentPen(QColor(Qt::transparent));
+        static const QPen transparentPen{QColor(Qt::transparent)};
         painter.setPen(transparentPen);
         painter.setBrush(brush);
         painter.setRenderHint(QPainter::Antialiasing);

@@ -1,0 +1,193 @@
+#include <Orvane/omessagebox.h>
+
+#include <Orvane/dialogskinstyle.h>
+#include <Orvane/helpers.h>
+#include <Orvane/slicemanager.h>
+
+#include <QCheckBox>
+#include <QDebug>
+#include <QFontMetrics>
+#include <QGraphicsDropShadowEffect>
+#include <QHBoxLayout>
+#include <QHash>
+#include <QLabel>
+#include <QPixmap>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace Orvane {
+
+namespace {
+
+// The same in every skin.
+const char messageStyle[] = "QLabel {     font: 14px; color: #333333;}";
+const char checkBoxStyle[] =
+    "QCheckBox {\n    spacing: 10px;    font: 12px; color:#666666;\n}\n\n"
+    "QCheckBox::indicator {\n    width: 16px;\n    height: 16px;\n}\n\n"
+    "QCheckBox::indicator:unchecked {\n    image: url(:/Orvane/checkbox_0);\n}\n\n"
+    "QCheckBox::indicator:checked {\n    image: url(:/Orvane/checkbox_1);\n}";
+
+const Qt::WindowFlags tipsFlags =
+    Qt::Dialog | Qt::WindowTitleHint | Qt::CustomizeWindowHint | Qt::WindowCloseButtonHint;
+
+// A library picture recoloured to `tint`, made once per picture and colour:
+// every box of a kind shows the same pixels, so they are shared. Kept until
+// the process ends.
+QPixmap tintedPicture(const QString &path, const QString &tint)
+{
+    static auto *made = new QHash<QString, QPixmap>;
+    const QString key = tint + QLatin1Char('|') + path;
+    const auto found = made->constFind(key);
+    if (found != made->constEnd())
+        return *found;
+    const QPixmap pixmap = loadImageWithTintColor(path, tint);
+    made->insert(key, pixmap);
+    return pixmap;
+}
+
+QPixmap iconPicture(MessageBoxIconType icon, const QString &tint)
+{
+    switch (icon) {
+    case AppIcon:
+        return SliceManager::appIcon();
+    case Attention:
+    case Warning:
+        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsAttention.png"), tint);
+    case Success:
+        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsSuccess.png"), tint);
+    }
+    return QPixmap();
+}
+
+// The box of the shortcuts with one "OK" button; it deletes itself on close.
+OMessageBox *newOkBox(MessageBoxIconType icon, const QString &text, const QString &heading)
+{
+    return new OMessageBox(icon, QStringList(OMessageBox::tr("OK")), text, heading, -1, QString(),
+                           std::function<void(bool)>(), nullptr, tipsFlags);
+}
+
+} // namespace
+
+OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QString &text,
+                         const QString &heading, int defaultButton, const QString &checkText,
+                         std::function<void(bool)> onChecked, QWidget *parent, Qt::WindowFlags flags)
+    : BarDialog(parent, currentDialogSkin(), flags)
+{
+    setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
+    setMinimumSize(480, 150);
+    setAttribute(Qt::WA_DeleteOnClose);
+    m_onChecked = std::move(onChecked);
+
+    const DialogSkinStyle style = dialogSkinStyle(currentDialogSkin());
+
+    // Every widget is made on the content widget, where the layouts put it
+    // anyway, so nothing is reparented (and re-polished) afterwards.
+    QVBoxLayout *root = makeVBoxLayout(this, 0, 0);
+    root->setContentsMargins(25, 25, 25, 20);
+
+    auto *topRow = new QHBoxLayout;
+    topRow->setContentsMargins(0, 0, 0, 0);
+    topRow->setSpacing(0);
+    root->addLayout(topRow);
+
+    auto *iconLabel = new QLabel(content);
+    iconLabel->setObjectName(QStringLiteral("icon"));
+    iconLabel->setFixedSize(48, 48);
+    iconLabel->setScaledContents(true);
+    const QPixmap picture = iconPicture(icon, style.iconTint);
+    if (!picture.isNull())
+        iconLabel->setPixmap(picture);
+    topRow->addWidget(iconLabel, 0, Qt::AlignTop);
+    topRow->addSpacing(25);
+
+    auto *textColumn = new QVBoxLayout;
+    textColumn->setContentsMargins(0, 0, 0, 0);
+    textColumn->setSpacing(20);
+    topRow->addLayout(textColumn);
+
+    if (!heading.isEmpty()) {
+        auto *headingLabel = new QLabel(heading, content);
+        headingLabel->setObjectName(QStringLiteral("heading"));
+        headingLabel->setWordWrap(true);
+        headingLabel->setStyleSheet(style.headingStyle);
+        textColumn->addWidget(headingLabel);
+    }
+    if (!text.isEmpty()) {
+        // The line feed leaves a blank line under the message.
+        auto *messageLabel = new QLabel(text + QLatin1Char('\n'), content);
+        messageLabel->setObjectName(QStringLiteral("message"));
+        messageLabel->setWordWrap(true);
+        messageLabel->setStyleSheet(QLatin1String(messageStyle));
+        textColumn->addWidget(messageLabel);
+    }
+    if (!checkText.isEmpty()) {
+        auto *checkRow = new QHBoxLayout;
+        textColumn->addLayout(checkRow);
+        auto *checkBox = new QCheckBox(checkText, content);
+        checkBox->setObjectName(QStringLiteral("check"));
+        checkBox->setStyleSheet(QLatin1String(checkBoxStyle));
+        checkRow->addWidget(checkBox);
+        if (m_onChecked) {
+            connect(checkBox, &QCheckBox::stateChanged, checkBox,
+                    [callback = m_onChecked](int state) { callback(state == Qt::Checked); },
+                    Qt::DirectConnection);
+        }
+    }
+
+    root->addSpacing(25);
+
+    auto *buttonRow = new QHBoxLayout;
+    buttonRow->setSpacing(10);
+    root->addLayout(buttonRow);
+    buttonRow->addStretch();
+
+    const QFontMetrics metrics(font());
+    const int count = buttons.size();
+    for (int i = 1; i <= count; ++i) {
+        const QString &label = buttons.at(i - 1);
+        auto *button = new QPushButton(label, content);
+        button->setMinimumSize(110, 30);
+        // Short labels get a uniform 100-pixel button; this overrides the
+        // minimum above.
+        const int w = metrics.horizontalAdvance(label);
+        button->setFixedSize((w < 100 ? 82 : w) + 18, 30);
+        const bool primary = i == defaultButton || (defaultButton == -1 && i == count);
+        button->setStyleSheet(primary ? style.primaryButtonStyle : style.secondaryButtonStyle);
+        connect(button, &QPushButton::clicked, button, [this, i] { done(i); }, Qt::DirectConnection);
+        buttonRow->addWidget(button);
+    }
+
+    auto *shadow = new QGraphicsDropShadowEffect(this);
+    shadow->setOffset(0, 0);
+    shadow->setBlurRadius(30.0);
+    shadow->setColor(QColor(92, 93, 102, 51));
+    setGraphicsEffect(shadow);
+    updateGeometry();
+}
+
+OMessageBox::~OMessageBox()
+{
+    qDebug("~OMessageBox");
+    m_onChecked = nullptr;
+}
+
+int OMessageBox::popupTips(MessageBoxIconType icon, const QString &text, const QString &heading)
+{
+    return newOkBox(icon, text, heading)->exec();
+}
+
+int OMessageBox::popupTips(MessageBoxIconType icon, const QStringList &buttons, const QString &text,
+                           const QString &heading, int defaultButton, const QString &checkText,
+                           std::function<void(bool)> onChecked)
+{
+    auto *box = new OMessageBox(icon, buttons, text, heading, defaultButton, checkText, std::move(onChecked),
+                                nullptr, tipsFlags);
+    return box->exec();
+}
+
+void OMessageBox::showTips(MessageBoxIconType icon, const QString &text, const QString &heading)
+{
+    newOkBox(icon, text, heading)->show();
+}
+
+} // namespace Orvane
