@@ -186,8 +186,9 @@ private:
             QSharedPointer<QDialog> dialog(
                 makeBarDialog(m_window.skin(), tr("Popped dialog %1").arg(i + 1), true, true));
             dialog->show();
-            // Each show centres the dialog; cascade them from there.
-            dialog->move(dialog->pos() + QPoint(36 * (i - 1), 30 * (i - 1)));
+            // Each show centres the dialog; cascade them from there, to the
+            // right, clear of the button that closes them.
+            dialog->move(dialog->pos() + QPoint(200 + 36 * i, 30 * (i - 1)));
             Orvane::PoppingDialogMgr::sharedInstance()->push(dialog);
         }
         m_popped->setText(tr("three dialogs held by the registry"));

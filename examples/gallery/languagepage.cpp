@@ -4,7 +4,7 @@
 
 #include <Orvane/Orvane.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QFile>
 #include <QGridLayout>
@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 QStringList languagePacks()
@@ -95,9 +96,16 @@ public:
         m_sample->setStyleSheet(QStringLiteral(
             "font-size:15px; color:white; border-radius:18px; padding:0 18px;"
             "background:qlineargradient(x1:0 y1:0, x2:1 y2:0, stop:0 #5C8BFF, stop:1 #9A68FF);"));
+        auto *openBox = new QPushButton(tr("Open a message box"));
+        connect(openBox, &QPushButton::clicked, this, [] { showSampleBox(); });
+        auto *sampleRow = new QHBoxLayout;
+        sampleRow->addWidget(m_sample);
+        sampleRow->addSpacing(12);
+        sampleRow->addWidget(openBox);
+        sampleRow->addStretch();
         const int r = grid->rowCount();
         grid->addWidget(sampleTitle, r, 0);
-        grid->addWidget(m_sample, r, 1, Qt::AlignLeft);
+        grid->addLayout(sampleRow, r, 1);
         grid->addWidget(note(tr("English is the library's own language and has no pack file; the "
                                 "other fifteen are compiled into the library. Qt sends every widget "
                                 "a LanguageChange event when the translator changes, and this page "
@@ -116,9 +124,19 @@ public:
     {
         m_before = Orvane::getCurrentLocalePackName();
         m_list->setCurrentRow(languagePacks().indexOf(QStringLiteral("German")));
+        showSampleBox();
+        // Move the box below the page's values, as a user would drag it.
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (QWidget *w : windows)
+            if (qobject_cast<Orvane::OMessageBox *>(w))
+                w->move(w->pos() + QPoint(120, 190));
     }
 
-    void endShot() override { m_list->setCurrentRow(languagePacks().indexOf(m_before)); }
+    void endShot() override
+    {
+        closeMessageBoxes();
+        m_list->setCurrentRow(languagePacks().indexOf(m_before));
+    }
 
 protected:
     void changeEvent(QEvent *event) override
@@ -129,6 +147,12 @@ protected:
     }
 
 private:
+    static void showSampleBox()
+    {
+        Orvane::OMessageBox::showTips(Orvane::Success, tr("The box's own button follows the language pack."),
+                                      tr("Switched live"));
+    }
+
     static void choose(const QString &pack)
     {
         if (pack.isEmpty())

@@ -6,6 +6,7 @@ void addGalleryPages(GalleryWindow &window)
 {
     window.addPage(makeFoundationPage());
     window.addPage(makeDialogsPage(window));
+    window.addPage(makeMessagesPage());
     window.addPage(makeButtonsPage());
     window.addPage(makeLabelsPage());
     window.addPage(makeSlicesPage());

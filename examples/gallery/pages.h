@@ -9,12 +9,16 @@ class GalleryWindow;
 
 GalleryPage *makeFoundationPage();
 GalleryPage *makeDialogsPage(GalleryWindow &window);
+GalleryPage *makeMessagesPage();
 GalleryPage *makeButtonsPage();
 GalleryPage *makeLabelsPage();
 GalleryPage *makeSlicesPage();
 GalleryPage *makeLanguagePage();
 GalleryPage *makeLinksPage();
 GalleryPage *makeAesPage();
+
+// Closes every message box on screen (after a screenshot).
+void closeMessageBoxes();
 
 // Creates every page and adds it to the window, in list order.
 void addGalleryPages(GalleryWindow &window);

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QGraphicsEffect>
 #include <QPainter>
 #include <QWidget>
 
@@ -35,9 +36,9 @@ void drawWindowShadow(QPainter &painter, const QRect &rect)
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    for (int i = 14; i > 0; --i) {
-        painter.setBrush(QColor(20, 20, 40, 5));
-        painter.drawRoundedRect(rect.adjusted(-i, -i + 6, i, i + 6), 8 + i, 8 + i);
+    for (int i = 12; i > 0; --i) {
+        painter.setBrush(QColor(0, 0, 0, 4));
+        painter.drawRoundedRect(rect.adjusted(-i, -i + 5, i, i + 5), 6 + i, 6 + i);
     }
     painter.restore();
 }
@@ -84,7 +85,10 @@ QImage composeScreen(QWidget *mainWindow)
         if (panel.isNull())
             continue;
         if (w->windowFlags() & Qt::FramelessWindowHint) {
-            drawWindowShadow(painter, panel);
+            // A window with an effect of its own (the message box's drop
+            // shadow) shows that one in its clear band; it gets no second.
+            if (!w->graphicsEffect())
+                drawWindowShadow(painter, panel);
         } else {
             drawWindowShadow(painter, panel.adjusted(0, -26, 0, 0));
             drawTitleBar(painter, place, w->windowTitle());

@@ -39,7 +39,8 @@ QStringList expectedPictures()
                          QStringLiteral("language.png"),   QStringLiteral("links.png"),
                          QStringLiteral("aes.png")};
     for (const char *skin : {"dark", "light", "light-blue", "light-violet"})
-        names << QStringLiteral("dialogs-%1.png").arg(QLatin1String(skin));
+        names << QStringLiteral("dialogs-%1.png").arg(QLatin1String(skin))
+              << QStringLiteral("messages-%1.png").arg(QLatin1String(skin));
     return names;
 }
 
