@@ -4,6 +4,9 @@
 
 #include <Orvane/Orvane.h>
 
+#include <QDebug>
+#include <QDir>
+#include <QFile>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -12,6 +15,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QThread>
+#include <QTime>
 #include <QVBoxLayout>
 
 namespace {
@@ -50,11 +54,12 @@ private:
 class FoundationPage : public GalleryPage
 {
 public:
-    FoundationPage()
+    explicit FoundationPage(const QString &logDir)
         : GalleryPage(QStringLiteral("foundation"), tr("Start-up and helpers"),
                       tr("What every other part leans on: the library's embedded images, "
                          "version information, the hand-off to the GUI thread, and the "
-                         "tinting and nine-slice helpers."))
+                         "tinting and nine-slice helpers, and the log file."))
+        , m_logDir(logDir)
     {
         auto pair = addSectionPair(tr("Version"), tr("Threads"));
         auto *grid = new QGridLayout(pair.first);
@@ -84,6 +89,7 @@ public:
         auto *images = addSection(tr("The library's images (\":/Orvane/...\")"));
         auto *imageGrid = new QGridLayout(images);
         imageGrid->setHorizontalSpacing(10);
+        imageGrid->setVerticalSpacing(2);
         const QStringList names = {
             QStringLiteral("kv_DlgCloseBtn.png"), QStringLiteral("kv_DlgCloseBtn_hover.png"),
             QStringLiteral("qm_DlgCloseBtn.png"), QStringLiteral("kv_TipsAttention.png"),
@@ -95,9 +101,12 @@ public:
         for (int i = 0; i < names.size(); ++i) {
             const QString &name = names.at(i);
             auto *picture = new QLabel;
-            picture->setPixmap(QPixmap(QStringLiteral(":/Orvane/") + name));
+            QPixmap pixmap(QStringLiteral(":/Orvane/") + name);
+            if (pixmap.width() > 36 || pixmap.height() > 36)
+                pixmap = pixmap.scaled(36, 36, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+            picture->setPixmap(pixmap);
             picture->setAlignment(Qt::AlignCenter);
-            picture->setFixedSize(64, 52);
+            picture->setFixedSize(60, 44);
             // The dark-skin pictures sit on the dark panel, the light ones on white.
             const bool dark = name.startsWith(QLatin1String("kv_"));
             picture->setStyleSheet(dark ? QStringLiteral("background:#2E2F30; border-radius:6px;")
@@ -111,14 +120,15 @@ public:
 
         auto helpers = addSectionPair(tr("pixmapTintColor()"), tr("drawStretchedImage()"));
         auto *tints = new QGridLayout(helpers.first);
+        tints->setVerticalSpacing(2);
         const QStringList colours = {QString(), QStringLiteral("#8273FF"), QStringLiteral("#FF9933"),
                                      QStringLiteral("#2E9BFF"), QStringLiteral("#E3E3E3")};
         for (int i = 0; i < colours.size(); ++i) {
             QPixmap tinted(QStringLiteral(":/Orvane/kv_TipsSuccess.png"));
             Orvane::pixmapTintColor(tinted, colours.at(i));
             auto *picture = new QLabel;
-            picture->setPixmap(tinted.scaled(40, 40, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-            picture->setFixedSize(52, 52);
+            picture->setPixmap(tinted.scaled(32, 32, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+            picture->setFixedSize(44, 44);
             picture->setAlignment(Qt::AlignCenter);
             picture->setStyleSheet(QStringLiteral("background:#2E2F30; border-radius:6px;"));
             auto *caption = new QLabel(colours.at(i).isEmpty() ? tr("(none)") : colours.at(i));
@@ -126,21 +136,69 @@ public:
             tints->addWidget(picture, 0, i, Qt::AlignHCenter);
             tints->addWidget(caption, 1, i, Qt::AlignHCenter);
         }
+        tints->setRowStretch(2, 1);
 
         auto *stretch = new QVBoxLayout(helpers.second);
         const QPixmap tile = QPixmap(QStringLiteral(":/sheets/buttons.png")).copy(0, 0, 120, 40);
         auto *samples = new QHBoxLayout;
         samples->addWidget(new StretchSample(tile, QSize(64, 40), QMargins(12, 12, 12, 12)), 0, Qt::AlignBottom);
-        samples->addWidget(new StretchSample(tile, QSize(180, 72), QMargins(12, 12, 12, 12)), 0, Qt::AlignBottom);
-        samples->addWidget(new StretchSample(tile, QSize(180, 72), QMargins()), 0, Qt::AlignBottom);
+        samples->addWidget(new StretchSample(tile, QSize(180, 50), QMargins(12, 12, 12, 12)), 0, Qt::AlignBottom);
+        samples->addWidget(new StretchSample(tile, QSize(180, 50), QMargins()), 0, Qt::AlignBottom);
         samples->addStretch();
         stretch->addLayout(samples);
-        stretch->addWidget(note(tr("One 120 x 40 picture: with 12-pixel margins its rounded corners keep "
-                                   "their shape at any size; without margins (right) it is simply scaled.")));
+        helpers.second->setToolTip(tr("One 120 x 40 picture: with 12-pixel margins its rounded corners keep "
+                                      "their shape at any size; without margins (right) it is simply scaled."));
+        stretch->addWidget(note(tr("12-pixel margins keep the corners; the right one has none.")));
+        auto *log = addSection(tr("The log file (initMiniLogger)"));
+        auto *logLayout = new QVBoxLayout(log);
+        m_logFile = new QLabel;
+        m_logFile->setObjectName(QStringLiteral("note"));
+        m_logTail = new QLabel;
+        m_logTail->setObjectName(QStringLiteral("value"));
+        m_logTail->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        m_logTail->setStyleSheet(QStringLiteral("background:#2E2F30; color:#D9D9DE; border-radius:6px; padding:8px;"));
+        auto *write = new QPushButton(tr("qDebug() a line"));
+        auto *logRow = new QHBoxLayout;
+        logRow->addWidget(m_logFile, 1);
+        logRow->addWidget(write);
+        logLayout->addLayout(logRow);
+        logLayout->addWidget(m_logTail);
+        connect(write, &QPushButton::clicked, this, [this] {
+            qDebug() << "the gallery says hello at" << QTime::currentTime().toString(QStringLiteral("hh:mm:ss"));
+            showLog();
+        });
         body()->addStretch();
     }
 
+protected:
+    void showEvent(QShowEvent *event) override
+    {
+        GalleryPage::showEvent(event);
+        showLog();
+    }
+
 private:
+    // The newest log file of the folder and its last lines, which every Qt
+    // message of the process reaches at once.
+    void showLog()
+    {
+        const QFileInfoList files = QDir(m_logDir).entryInfoList({QStringLiteral("gallery_*.txt")}, QDir::Files,
+                                                                 QDir::Time);
+        if (files.isEmpty()) {
+            m_logFile->setText(tr("No log file in %1").arg(QDir::toNativeSeparators(m_logDir)));
+            return;
+        }
+        QFile file(files.first().absoluteFilePath());
+        file.open(QIODevice::ReadOnly);
+        QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        lines = lines.mid(qMax(0, lines.size() - 3));
+        for (QString &line : lines)
+            if (line.size() > 130)
+                line = line.left(127) + QStringLiteral("...");
+        m_logFile->setText(QDir::toNativeSeparators(files.first().absoluteFilePath()));
+        m_logTail->setText(lines.join(QLatin1Char('\n')));
+    }
+
     static QString boolText(bool b) { return b ? QStringLiteral("true") : QStringLiteral("false"); }
 
     void runWorker()
@@ -164,7 +222,10 @@ private:
         worker->start();
     }
 
+    QString m_logDir;
     QLabel *m_result = nullptr;
+    QLabel *m_logFile = nullptr;
+    QLabel *m_logTail = nullptr;
 
 public:
     void stageShot() override
@@ -176,7 +237,7 @@ public:
 
 } // namespace
 
-GalleryPage *makeFoundationPage()
+GalleryPage *makeFoundationPage(const QString &logDir)
 {
-    return new FoundationPage;
+    return new FoundationPage(logDir);
 }

@@ -19,7 +19,7 @@ GalleryPage::GalleryPage(const QString &id, const QString &title, const QString 
     auto *header = new QWidget;
     header->setObjectName(QStringLiteral("pageHeader"));
     auto *headerLayout = new QVBoxLayout(header);
-    headerLayout->setContentsMargins(24, 18, 24, 12);
+    headerLayout->setContentsMargins(24, 14, 24, 6);
     headerLayout->setSpacing(4);
     auto *heading = new QLabel(title);
     heading->setObjectName(QStringLiteral("pageTitle"));
@@ -36,8 +36,8 @@ GalleryPage::GalleryPage(const QString &id, const QString &title, const QString 
     auto *content = new QWidget;
     content->setObjectName(QStringLiteral("pageBody"));
     m_body = new QVBoxLayout(content);
-    m_body->setContentsMargins(24, 8, 24, 20);
-    m_body->setSpacing(14);
+    m_body->setContentsMargins(24, 4, 24, 10);
+    m_body->setSpacing(10);
     scroll->setWidget(content);
     outer->addWidget(scroll, 1);
 }

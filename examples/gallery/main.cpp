@@ -88,7 +88,7 @@ int main(int argc, char *argv[])
     Orvane::setRdxPIDMap(productIds());
 
     GalleryWindow window(logDir);
-    addGalleryPages(window);
+    addGalleryPages(window, logDir);
 
     if (!offscreen) {
         window.show();

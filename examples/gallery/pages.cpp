@@ -2,9 +2,9 @@
 
 #include "gallerywindow.h"
 
-void addGalleryPages(GalleryWindow &window)
+void addGalleryPages(GalleryWindow &window, const QString &logDir)
 {
-    window.addPage(makeFoundationPage());
+    window.addPage(makeFoundationPage(logDir));
     window.addPage(makeDialogsPage(window));
     window.addPage(makeMessagesPage());
     window.addPage(makeButtonsPage());

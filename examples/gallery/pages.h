@@ -7,7 +7,7 @@
 class GalleryPage;
 class GalleryWindow;
 
-GalleryPage *makeFoundationPage();
+GalleryPage *makeFoundationPage(const QString &logDir);
 GalleryPage *makeDialogsPage(GalleryWindow &window);
 GalleryPage *makeMessagesPage();
 GalleryPage *makeButtonsPage();
@@ -21,7 +21,7 @@ GalleryPage *makeAesPage();
 void closeMessageBoxes();
 
 // Creates every page and adds it to the window, in list order.
-void addGalleryPages(GalleryWindow &window);
+void addGalleryPages(GalleryWindow &window, const QString &logDir);
 
 // The sixteen language-pack names, in the order the language page lists them.
 QStringList languagePacks();
