@@ -60,8 +60,7 @@ public:
         m_padding->addItem(QStringLiteral("PKCS #7"), Codec::Pkcs7Padding);
         m_padding->addItem(QStringLiteral("ISO/IEC 7816-4"), Codec::IsoPadding);
         m_padding->setCurrentIndex(1);
-        m_keyState = new QLabel;
-        m_keyState->setObjectName(QStringLiteral("note"));
+        m_keyState = note(QString());
         in->addRow(tr("Text"), m_text);
         in->addRow(tr("Key"), m_key);
         in->addRow(tr("IV"), m_iv);

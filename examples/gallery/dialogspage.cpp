@@ -101,8 +101,7 @@ public:
         form->addRow(QString(), m_close);
         bar->addLayout(form);
         auto *open = new QPushButton(tr("Open a bar dialog"));
-        m_result = new QLabel;
-        m_result->setObjectName(QStringLiteral("value"));
+        m_result = valueLabel();
         auto *openRow = new QHBoxLayout;
         openRow->addWidget(open);
         openRow->addWidget(m_result, 1);
@@ -133,8 +132,7 @@ public:
         auto *poppedRow = new QHBoxLayout(popped);
         auto *pop = new QPushButton(tr("Pop three dialogs"));
         auto *clear = new QPushButton(tr("Close them all: clear()"));
-        m_popped = new QLabel;
-        m_popped->setObjectName(QStringLiteral("value"));
+        m_popped = valueLabel();
         poppedRow->addWidget(pop);
         poppedRow->addWidget(clear);
         poppedRow->addWidget(m_popped, 1);

@@ -20,14 +20,6 @@
 
 namespace {
 
-QLabel *valueLabel(const QString &text)
-{
-    auto *label = new QLabel(text);
-    label->setObjectName(QStringLiteral("value"));
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return label;
-}
-
 // Paints one picture at the given size with drawStretchedImage(), beside a
 // caption, so the fixed corners can be compared with the plain scaling.
 class StretchSample : public QWidget
@@ -111,11 +103,8 @@ public:
             const bool dark = name.startsWith(QLatin1String("kv_"));
             picture->setStyleSheet(dark ? QStringLiteral("background:#2E2F30; border-radius:6px;")
                                         : QStringLiteral("background:#F4F5FA; border:1px solid #E2E4EC; border-radius:6px;"));
-            auto *caption = new QLabel(name);
-            caption->setObjectName(QStringLiteral("note"));
-            caption->setAlignment(Qt::AlignHCenter);
             imageGrid->addWidget(picture, (i / 6) * 2, i % 6, Qt::AlignHCenter);
-            imageGrid->addWidget(caption, (i / 6) * 2 + 1, i % 6, Qt::AlignHCenter);
+            imageGrid->addWidget(caption(name), (i / 6) * 2 + 1, i % 6, Qt::AlignHCenter);
         }
 
         auto helpers = addSectionPair(tr("pixmapTintColor()"), tr("drawStretchedImage()"));
@@ -131,10 +120,9 @@ public:
             picture->setFixedSize(44, 44);
             picture->setAlignment(Qt::AlignCenter);
             picture->setStyleSheet(QStringLiteral("background:#2E2F30; border-radius:6px;"));
-            auto *caption = new QLabel(colours.at(i).isEmpty() ? tr("(none)") : colours.at(i));
-            caption->setObjectName(QStringLiteral("note"));
             tints->addWidget(picture, 0, i, Qt::AlignHCenter);
-            tints->addWidget(caption, 1, i, Qt::AlignHCenter);
+            tints->addWidget(caption(colours.at(i).isEmpty() ? tr("(none)") : colours.at(i)), 1, i,
+                             Qt::AlignHCenter);
         }
         tints->setRowStretch(2, 1);
 
@@ -151,11 +139,8 @@ public:
         stretch->addWidget(note(tr("12-pixel margins keep the corners; the right one has none.")));
         auto *log = addSection(tr("The log file (initMiniLogger)"));
         auto *logLayout = new QVBoxLayout(log);
-        m_logFile = new QLabel;
-        m_logFile->setObjectName(QStringLiteral("note"));
-        m_logTail = new QLabel;
-        m_logTail->setObjectName(QStringLiteral("value"));
-        m_logTail->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        m_logFile = note(QString());
+        m_logTail = valueLabel();
         m_logTail->setStyleSheet(QStringLiteral("background:#2E2F30; color:#D9D9DE; border-radius:6px; padding:8px;"));
         auto *write = new QPushButton(tr("qDebug() a line"));
         auto *logRow = new QHBoxLayout;

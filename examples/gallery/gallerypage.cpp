@@ -69,6 +69,22 @@ QLabel *GalleryPage::note(const QString &text)
     return label;
 }
 
+QLabel *GalleryPage::caption(const QString &text)
+{
+    QLabel *label = note(text);
+    label->setWordWrap(false);
+    label->setAlignment(Qt::AlignHCenter);
+    return label;
+}
+
+QLabel *GalleryPage::valueLabel(const QString &text)
+{
+    auto *label = new QLabel(text);
+    label->setObjectName(QStringLiteral("value"));
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
 void galleryWait(int milliseconds)
 {
     QEventLoop loop;

@@ -33,13 +33,18 @@ public:
     // Closes whatever stageShot() opened.
     virtual void endShot() {}
 
+    // A small grey explanatory line.
+    static QLabel *note(const QString &text);
+    // A note centred under a picture.
+    static QLabel *caption(const QString &text);
+    // A value in monospace that the user can select and copy.
+    static QLabel *valueLabel(const QString &text = QString());
+
 protected:
     // A titled card appended to the body; lay its contents out on it.
     QGroupBox *addSection(const QString &title);
     // Two cards side by side, appended to the body.
     QPair<QGroupBox *, QGroupBox *> addSectionPair(const QString &left, const QString &right);
-    // A small grey explanatory line.
-    static QLabel *note(const QString &text);
     QVBoxLayout *body() const { return m_body; }
 
 private:

@@ -64,10 +64,8 @@ public:
         }
         grid->setColumnStretch(1, 1);
         auto *again = new QPushButton(tr("Set the text again"));
-        auto *full = new QLabel;
-        full->setObjectName(QStringLiteral("value"));
+        auto *full = valueLabel(tr("text(): %1").arg(QLatin1String(sampleText)));
         full->setWordWrap(true);
-        full->setText(tr("text(): %1").arg(QLatin1String(sampleText)));
         grid->addWidget(full, grid->rowCount(), 0, 1, 2);
         grid->addWidget(note(tr("Once the whole text has fitted, the label keeps it whole, even when "
                                 "made narrower again, until the text is set anew.")),

@@ -84,8 +84,7 @@ public:
         for (const QString &name : names) {
             const int r = grid->rowCount();
             grid->addWidget(new QLabel(name), r, 0);
-            auto *value = new QLabel;
-            value->setObjectName(QStringLiteral("value"));
+            auto *value = valueLabel();
             grid->addWidget(value, r, 1);
             m_values.append(value);
         }

@@ -128,9 +128,7 @@ private:
     {
         const int row = grid->rowCount();
         grid->addWidget(new QLabel(name), row, 0);
-        auto *label = new QLabel(value);
-        label->setObjectName(QStringLiteral("value"));
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        QLabel *label = valueLabel(value);
         label->setWordWrap(true);
         grid->addWidget(label, row, 1);
         return label;

@@ -82,11 +82,9 @@ public:
         auto *modeless = new QPushButton(tr("showTips(icon, text, heading): modeless"));
         for (QPushButton *b : {modal, simple, modeless})
             open->addWidget(b);
-        m_result = new QLabel(tr("No box opened yet."));
-        m_result->setObjectName(QStringLiteral("value"));
+        m_result = valueLabel(tr("No box opened yet."));
         m_result->setWordWrap(true);
-        m_checked = new QLabel;
-        m_checked->setObjectName(QStringLiteral("value"));
+        m_checked = valueLabel();
         open->addSpacing(8);
         open->addWidget(m_result);
         open->addWidget(m_checked);

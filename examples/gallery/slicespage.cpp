@@ -19,14 +19,6 @@
 
 namespace {
 
-QLabel *caption(const QString &text)
-{
-    auto *label = new QLabel(text);
-    label->setObjectName(QStringLiteral("note"));
-    label->setAlignment(Qt::AlignHCenter);
-    return label;
-}
-
 // A picture over its caption; a null pixmap shows as a dashed empty box.
 QWidget *picture(const QPixmap &pixmap, const QString &text, const QString &background = QString())
 {
@@ -47,7 +39,7 @@ QWidget *picture(const QPixmap &pixmap, const QString &text, const QString &back
             image->setStyleSheet(QStringLiteral("background:%1; border-radius:6px;").arg(background));
     }
     layout->addWidget(image, 0, Qt::AlignHCenter);
-    layout->addWidget(caption(text), 0, Qt::AlignHCenter);
+    layout->addWidget(GalleryPage::caption(text), 0, Qt::AlignHCenter);
     return cell;
 }
 
