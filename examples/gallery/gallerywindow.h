@@ -2,8 +2,8 @@
 #define GALLERY_GALLERYWINDOW_H
 // The gallery's main window: a list of pages on the left, the current page
 // on the right, the dialog skin in the tool bar and the log folder in the
-// status bar. Its object name is "MainWindow", the name the library's
-// dialogs look for when they centre themselves.
+// status bar. The library's dialogs centre themselves over the first
+// QMainWindow they find, this one; its object name is "MainWindow".
 #include <QList>
 #include <QMainWindow>
 
