@@ -1,19 +1,25 @@
-// The gallery: a host application that shows what the library offers.
+// The gallery: a host application that shows what the library offers, built
+// the way the maker's own applications are: it logs to a file, reads its
+// language pack at start, hands the library its product ids, provides
+// ":/slices.json" and its sheets in its resources and an "images" folder
+// beside its executable.
 //
 // With a display it opens its window. Without one (no DISPLAY and no
-// WAYLAND_DISPLAY, as on CI) it runs offscreen, writes a PNG of each page
-// into gallery-shots/ under the working directory, prints their paths and
-// exits.
+// WAYLAND_DISPLAY, as on CI), or with --shots DIR, it runs offscreen, writes
+// one PNG per page and per skin into DIR (default: gallery-shots/ under the
+// working directory), prints their paths and exits.
+#include "gallerywindow.h"
+#include "pages.h"
+#include "shots.h"
+
 #include <Orvane/Orvane.h>
 
 #include <QApplication>
 #include <QDir>
-#include <QGridLayout>
-#include <QLabel>
-#include <QMainWindow>
-#include <QStatusBar>
+#include <QFont>
+#include <QSettings>
+#include <QStandardPaths>
 #include <QTextStream>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -22,54 +28,67 @@ bool hasDisplay()
     return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-QWidget *makeImagesPage()
+// The product ids the gallery hands the link catalogue, one per pack.
+QMap<QString, int> productIds()
 {
-    auto *page = new QWidget;
-    auto *grid = new QGridLayout(page);
-    const QStringList images = {
-        QStringLiteral("kv_DlgCloseBtn.png"),   QStringLiteral("kv_DlgCloseBtn_hover.png"),
-        QStringLiteral("qm_DlgCloseBtn.png"),   QStringLiteral("kv_TipsAttention.png"),
-        QStringLiteral("kv_TipsSuccess.png"),   QStringLiteral("qm_TipsAttention.png"),
-        QStringLiteral("qm_TipsSuccess.png"),   QStringLiteral("checkbox_0"),
-        QStringLiteral("checkbox_1"),           QStringLiteral("kv_Loading.png"),
-        QStringLiteral("qm_Loading.png"),
-    };
-    for (int i = 0; i < images.size(); ++i) {
-        auto *picture = new QLabel;
-        picture->setPixmap(QPixmap(QStringLiteral(":/Orvane/") + images.at(i)));
-        picture->setAlignment(Qt::AlignCenter);
-        picture->setMinimumSize(56, 56);
-        picture->setStyleSheet(QStringLiteral("background: #2E2F30;"));
-        grid->addWidget(picture, (i / 4) * 2, i % 4);
-        grid->addWidget(new QLabel(images.at(i)), (i / 4) * 2 + 1, i % 4, Qt::AlignHCenter);
-    }
-    return page;
+    const QStringList packs = languagePacks();
+    QMap<QString, int> ids;
+    for (int i = 0; i < packs.size(); ++i)
+        ids.insert(packs.at(i), 4100 + i);
+    return ids;
 }
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    const bool offscreen = !hasDisplay();
-    if (offscreen)
+    QString shotsDir;
+    bool offscreen = !hasDisplay();
+    for (int i = 1; i < argc; ++i) {
+        const QString arg = QString::fromLocal8Bit(argv[i]);
+        if (arg == QLatin1String("--shots") && i + 1 < argc) {
+            shotsDir = QString::fromLocal8Bit(argv[++i]);
+            offscreen = true;
+        } else if (arg == QLatin1String("--help")) {
+            QTextStream(stdout) << "usage: orvane-gallery [--shots DIR]\n"
+                                   "Opens the gallery; without a display, or with --shots, writes one\n"
+                                   "PNG per page and skin into DIR (default ./gallery-shots) and exits.\n";
+            return 0;
+        }
+    }
+    if (offscreen) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (shotsDir.isEmpty())
+            shotsDir = QDir::current().absoluteFilePath(QStringLiteral("gallery-shots"));
+    }
 
     QApplication app(argc, argv);
+    QFont font = QApplication::font();
+    font.setPixelSize(13);
+    QApplication::setFont(font);
     QCoreApplication::setOrganizationName(QStringLiteral("Orvane"));
-    QCoreApplication::setApplicationName(QStringLiteral("Gallery"));
+    // The offscreen run keeps settings of its own, cleared first, so its
+    // pictures are the same on every machine and never touch a user's choices.
+    QCoreApplication::setApplicationName(offscreen ? QStringLiteral("Gallery shots") : QStringLiteral("Gallery"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.0.0.0"));
-    Orvane::ensureOrvaneResources();
+    if (offscreen)
+        QSettings().clear();
 
-    QMainWindow window;
-    window.setObjectName(QStringLiteral("MainWindow"));
-    window.setWindowTitle(QStringLiteral("Orvane gallery"));
-    auto *central = new QWidget;
-    auto *layout = new QVBoxLayout(central);
-    layout->addWidget(new QLabel(QStringLiteral("<b>The library's images</b>")));
-    layout->addWidget(makeImagesPage());
-    window.setCentralWidget(central);
-    window.statusBar()->showMessage(QStringLiteral("Orvane ") + Orvane::orvaneLibVersion());
-    window.resize(560, 360);
+    // Every Qt message from here on, the library's own included, goes to a
+    // time-stamped file in this folder (the library does not create it).
+    const QString logDir = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)
+                           + QStringLiteral("/logs");
+    QDir().mkpath(logDir);
+    Orvane::initMiniLogger(QStringLiteral("gallery_"), logDir);
+
+    Orvane::ensureOrvaneResources();
+    if (offscreen)
+        Orvane::setCurrentLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    Orvane::freshLanguage(Orvane::getCurrentLocalePackName());
+    Orvane::setRdxPIDMap(productIds());
+
+    GalleryWindow window(logDir);
+    addGalleryPages(window, logDir);
 
     if (!offscreen) {
         window.show();
@@ -77,14 +96,14 @@ int main(int argc, char *argv[])
     }
 
     window.show();
-    QCoreApplication::processEvents();
-    const QString dir = QDir::current().absoluteFilePath(QStringLiteral("gallery-shots"));
-    QDir().mkpath(dir);
-    const QString path = dir + QStringLiteral("/images.png");
-    if (!window.grab().save(path)) {
-        QTextStream(stderr) << "could not write " << path << '\n';
+    QString error;
+    const QStringList written = takeShots(window, shotsDir, &error);
+    QTextStream out(stdout);
+    for (const QString &path : written)
+        out << path << '\n';
+    if (!error.isEmpty()) {
+        QTextStream(stderr) << error << '\n';
         return 1;
     }
-    QTextStream(stdout) << path << '\n';
     return 0;
 }
