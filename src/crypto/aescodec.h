@@ -114,6 +114,12 @@ public:
 private:
     void cipher(const quint8 *expandedKey);
     void invCipher(const quint8 *expandedKey);
+    // The same over Count independent blocks side by side, one round
+    // function after the other on each state.
+    template <int Count>
+    void cipherStates(quint8 *const *states, const quint8 *expandedKey);
+    template <int Count>
+    void invCipherStates(quint8 *const *states, const quint8 *expandedKey);
     void addRoundKey(int round, const quint8 *expandedKey);
     void subBytes();
     void shiftRows();
