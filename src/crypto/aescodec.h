@@ -117,11 +117,12 @@ private:
     void cipher(const quint8 *expandedKey);
     void invCipher(const quint8 *expandedKey);
     // The same over Count independent states side by side, a round of each
-    // in turn; cipher() and invCipher() are the one-state case.
+    // in turn; cipher() and invCipher() are the one-state case. Internal to
+    // the library, so not exported.
     template <int Count>
-    void cipherStates(quint8 *const *states, const quint8 *expandedKey);
+    Q_DECL_HIDDEN void cipherStates(quint8 *const *states, const quint8 *expandedKey);
     template <int Count>
-    void invCipherStates(quint8 *const *states, const quint8 *expandedKey);
+    Q_DECL_HIDDEN void invCipherStates(quint8 *const *states, const quint8 *expandedKey);
     void addRoundKey(int round, const quint8 *expandedKey);
     void subBytes();
     void shiftRows();
