@@ -209,12 +209,13 @@ inline void storeState(const quint64 *words, quint8 *block)
 }
 
 // The key schedule in the state's order, round key by round key, which is
-// what the portable cipher takes as its expanded key.
+// what the portable cipher takes as its expanded key. Left unfilled when the
+// portable path does not run.
 struct StateKeys
 {
-    void take(const quint8 *expanded, int rounds)
+    StateKeys(const quint8 *expanded, int rounds, bool portable)
     {
-        for (int i = 0; i <= rounds; ++i)
+        for (int i = 0; portable && i <= rounds; ++i)
             loadState(expanded + BlockBytes * i, words + 2 * i);
     }
     const quint8 *bytes() const { return reinterpret_cast<const quint8 *>(words); }
@@ -242,6 +243,17 @@ inline void onStates(quint8 *blocks, int count, Together together, Single single
     }
     for (int i = 0; i < count; ++i)
         storeState(words + 2 * i, blocks + BlockBytes * i);
+}
+
+// Runs `round` for each of Count states in turn, with `current` (the codec's
+// working-state pointer) pointing at it.
+template <int Count, typename Round>
+inline void forEachState(quint8 *const *states, quint8 *&current, Round round)
+{
+    for (int i = 0; i < Count; ++i) {
+        current = states[i];
+        round();
+    }
 }
 
 inline void xorBlocks(quint8 *out, const quint8 *a, const quint8 *b, int length)
@@ -412,9 +424,7 @@ QByteArray AESCodec::encode(const QByteArray &rawText, const QByteArray &key, co
         std::memcpy(chain, iv.constData(), BlockBytes);
     const quint8 *w = bytes(expanded);
     const bool hardware = AesNi::enabled();
-    StateKeys keys;
-    if (!hardware)
-        keys.take(w, m_nr);
+    const StateKeys keys(w, m_nr, !hardware);
     const auto encrypt = [this, &keys](quint8 *blocks, int count) {
         onStates(blocks, count, [&](quint8 *const *states) { cipherStates<Interleave>(states, keys.bytes()); },
                  [&](quint8 *state) { m_state = state; cipher(keys.bytes()); });
@@ -452,9 +462,7 @@ QByteArray AESCodec::decode(const QByteArray &rawText, const QByteArray &key, co
         std::memcpy(chain, iv.constData(), BlockBytes);
     const quint8 *w = bytes(expanded);
     const bool hardware = AesNi::enabled();
-    StateKeys keys;
-    if (!hardware)
-        keys.take(w, m_nr);
+    const StateKeys keys(w, m_nr, !hardware);
     const auto encrypt = [this, &keys](quint8 *blocks, int count) {
         onStates(blocks, count, [&](quint8 *const *states) { cipherStates<Interleave>(states, keys.bytes()); },
                  [&](quint8 *state) { m_state = state; cipher(keys.bytes()); });
@@ -657,12 +665,7 @@ inline void AESCodec::invMixColumns()
 template <int Count>
 inline void AESCodec::cipherStates(quint8 *const *states, const quint8 *expandedKey)
 {
-    const auto each = [&](auto round) {
-        for (int i = 0; i < Count; ++i) {
-            m_state = states[i];
-            round();
-        }
-    };
+    const auto each = [&](auto round) { forEachState<Count>(states, m_state, round); };
     each([&] { addRoundKey(0, expandedKey); });
     for (int round = 1; round < m_nr; ++round) {
         each([&] {
@@ -682,12 +685,7 @@ inline void AESCodec::cipherStates(quint8 *const *states, const quint8 *expanded
 template <int Count>
 inline void AESCodec::invCipherStates(quint8 *const *states, const quint8 *expandedKey)
 {
-    const auto each = [&](auto round) {
-        for (int i = 0; i < Count; ++i) {
-            m_state = states[i];
-            round();
-        }
-    };
+    const auto each = [&](auto round) { forEachState<Count>(states, m_state, round); };
     each([&] { addRoundKey(m_nr, expandedKey); });
     for (int round = m_nr - 1; round > 0; --round) {
         each([&] {
