@@ -24,7 +24,9 @@
 // One object keeps the block being transformed in a member, so it must not be
 // used by two threads at once; the static shorthands are safe from any
 // thread. Where the CPU has AES instructions they are used (chosen at run
-// time); otherwise the portable round functions run.
+// time); otherwise the portable round functions run. The portable path looks
+// the S-box up by data bytes, so its timing is not independent of key and
+// data; the AES-instruction path does no such lookups.
 //
 // Decisions where the behaviour is ours to choose:
 // - A key whose length is not the chosen size's (16, 24 or 32 bytes) gives an
@@ -114,6 +116,13 @@ public:
 private:
     void cipher(const quint8 *expandedKey);
     void invCipher(const quint8 *expandedKey);
+    // The same over Count independent states side by side, a round of each
+    // in turn; cipher() and invCipher() are the one-state case. Internal to
+    // the library, so not exported.
+    template <int Count>
+    Q_DECL_HIDDEN void cipherStates(quint8 *const *states, const quint8 *expandedKey);
+    template <int Count>
+    Q_DECL_HIDDEN void invCipherStates(quint8 *const *states, const quint8 *expandedKey);
     void addRoundKey(int round, const quint8 *expandedKey);
     void subBytes();
     void shiftRows();
