@@ -206,6 +206,7 @@ private Q_SLOTS:
     void removedEffectReleasesCache();
     void buttonsOfOneShapeShareTheBlur();
     void sharedListKeepsTheLatest();
+    void oneDifferentAlphaBlursAgain();
     void messageBoxShadow();
     void messageBoxLooksLikeQts();
 };
@@ -573,6 +574,81 @@ void tst_CachedShadowEffect::sharedListKeepsTheLatest()
     // An effect keeps its own shadow whatever the shared list holds.
     paint(*ours.frame);
     QCOMPARE(ourEffect(ours.button)->blurCount(), 1);
+}
+
+namespace {
+
+// An opaque block with a shadow but for one half-transparent pixel at `dot`
+// (none when `dot` is outside), framed with room for the whole shadow.
+class Dotted : public QWidget
+{
+public:
+    explicit Dotted(QPoint dot)
+        : m_dot(dot)
+    {
+        setFixedSize(53, 12);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        const QColor colour(30, 60, 90);
+        painter.fillRect(rect(), colour);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.fillRect(QRect(m_dot, QSize(1, 1)), QColor(colour.red(), colour.green(), colour.blue(), 128));
+    }
+
+private:
+    QPoint m_dot;
+};
+
+struct DottedFrame
+{
+    DottedFrame(QPoint dot, bool qtShadow)
+        : frame(new QWidget)
+    {
+        auto *box = new QVBoxLayout(frame.get());
+        box->setContentsMargins(20, 20, 20, 20);
+        dotted = new Dotted(dot);
+        QGraphicsDropShadowEffect *effect =
+            qtShadow ? new QGraphicsDropShadowEffect(dotted) : new CachedShadowEffect(dotted);
+        effect->setBlurRadius(6.0);
+        dotted->setGraphicsEffect(effect);
+        box->addWidget(dotted);
+        frame->resize(frame->sizeHint());
+    }
+
+    int blurs() const { return qobject_cast<CachedShadowEffect *>(dotted->graphicsEffect())->blurCount(); }
+
+    std::unique_ptr<QWidget> frame;
+    Dotted *dotted = nullptr;
+};
+
+} // namespace
+
+void tst_CachedShadowEffect::oneDifferentAlphaBlursAgain()
+{
+    // Rows of a source are compared in runs of pixels: a single pixel whose
+    // alpha differs, in any column and so at any place in a run or after the
+    // last one, makes a shadow of its own.
+    for (int x = 0; x < 53; ++x) {
+        // The shared list holds just the shadow of the block without a dot.
+        CachedShadowEffect::dropSharedShadows();
+        DottedFrame plain(QPoint(-1, -1), false);
+        paint(*plain.frame);
+        QCOMPARE(plain.blurs(), 1);
+        const QPoint dot(x, x % 12);
+        DottedFrame ours(dot, false);
+        DottedFrame qts(dot, true);
+        const QImage image = paint(*ours.frame);
+        QVERIFY2(ours.blurs() == 1, qPrintable(QStringLiteral("column %1").arg(x)));
+        COMPARE_LOOKS(image, paint(*qts.frame));
+    }
+    // Without a dot the block takes the shared shadow.
+    DottedFrame same(QPoint(-1, -1), false);
+    paint(*same.frame);
+    QCOMPARE(same.blurs(), 0);
 }
 
 namespace {
