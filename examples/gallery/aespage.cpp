@@ -1,6 +1,7 @@
 // A small AES tool: text, key, IV, mode and padding in; hex out and back.
 #include "gallerypage.h"
 #include "pages.h"
+#include "palette.h"
 
 #include <Orvane/Orvane.h>
 
@@ -24,8 +25,8 @@ QPlainTextEdit *textBox(const QString &text, int lines)
 {
     auto *box = new QPlainTextEdit(text);
     box->setObjectName(QStringLiteral("value"));
-    box->setStyleSheet(QStringLiteral("QPlainTextEdit{font-family:'DejaVu Sans Mono'; font-size:12px; "
-                                      "border:1px solid #DADCE3; border-radius:4px; background:#FBFBFD;}"));
+    box->setStyleSheet(themed(QStringLiteral("QPlainTextEdit{font-family:'DejaVu Sans Mono'; font-size:12px; "
+                                             "border:1px solid @field@; border-radius:4px; background:#FBFBFD;}")));
     box->setFixedHeight(lines * 18 + 12);
     return box;
 }

@@ -2,6 +2,7 @@
 // gallery's own, each in every state, plus a live one to try.
 #include "gallerypage.h"
 #include "pages.h"
+#include "palette.h"
 
 #include <Orvane/Orvane.h>
 
@@ -140,8 +141,8 @@ public:
         auto *outer = new QVBoxLayout(states);
         auto *panel = new QWidget;
         panel->setObjectName(QStringLiteral("buttonPanel"));
-        panel->setStyleSheet(QStringLiteral("#buttonPanel{background:#2E2F30; border-radius:8px;}"
-                                            "#buttonPanel > QLabel{color:#9A9AA6; font-size:12px;}"));
+        panel->setStyleSheet(themed(QStringLiteral("#buttonPanel{background:@darkPanel@; border-radius:8px;}"
+                                                   "#buttonPanel > QLabel{color:@muted@; font-size:12px;}")));
         outer->addWidget(panel);
         auto *grid = new QGridLayout(panel);
         grid->setContentsMargins(18, 12, 18, 18);

@@ -3,6 +3,7 @@
 #include "gallerypage.h"
 #include "gallerywindow.h"
 #include "pages.h"
+#include "palette.h"
 
 #include <Orvane/Orvane.h>
 
@@ -24,12 +25,12 @@ namespace {
 // as a host application's would.
 QString contentStyle(int skin)
 {
-    return skin == 2 ? QStringLiteral("QLabel{color:#C9C9CC; font-size:13px;}"
-                                      "QLineEdit, QComboBox{background:#3B3C3D; color:#E3E3E3; "
-                                      "border:1px solid #0F0F10; border-radius:3px; padding:4px 6px;}")
-                     : QStringLiteral("QLabel{color:#333333; font-size:13px;}"
-                                      "QLineEdit, QComboBox{background:white; color:#333333; "
-                                      "border:1px solid #DADCE3; border-radius:3px; padding:4px 6px;}");
+    return themed(skin == 2 ? QStringLiteral("QLabel{color:#C9C9CC; font-size:13px;}"
+                                             "QLineEdit, QComboBox{background:@darkHover@; color:#E3E3E3; "
+                                             "border:1px solid #0F0F10; border-radius:3px; padding:4px 6px;}")
+                            : QStringLiteral("QLabel{color:#333333; font-size:13px;}"
+                                             "QLineEdit, QComboBox{background:white; color:#333333; "
+                                             "border:1px solid @field@; border-radius:3px; padding:4px 6px;}"));
 }
 
 // A row of buttons at the right, styled like the message box's: the last
@@ -118,7 +119,8 @@ public:
 
         auto *mac = new QVBoxLayout(pair.second);
         mac->addWidget(note(tr("The caller's window flags plus stays-on-top; in the dark skin the "
-                               "background is #2E2F30 with a one-pixel top border.")));
+                               "background is %1 with a one-pixel top border.")
+                                .arg(Orvane::dialogSkinStyle(2).dialogBackground)));
         auto *openMac = new QPushButton(tr("Open a Mac-style dialog"));
         mac->addWidget(openMac, 0, Qt::AlignLeft);
         mac->addStretch();

@@ -1,6 +1,7 @@
 // Start-up, resources, threads, version and the window/image helpers.
 #include "gallerypage.h"
 #include "pages.h"
+#include "palette.h"
 
 #include <Orvane/Orvane.h>
 
@@ -101,8 +102,8 @@ public:
             picture->setFixedSize(60, 44);
             // The dark-skin pictures sit on the dark panel, the light ones on white.
             const bool dark = name.startsWith(QLatin1String("kv_"));
-            picture->setStyleSheet(dark ? QStringLiteral("background:#2E2F30; border-radius:6px;")
-                                        : QStringLiteral("background:#F4F5FA; border:1px solid #E2E4EC; border-radius:6px;"));
+            picture->setStyleSheet(themed(dark ? QStringLiteral("background:@darkPanel@; border-radius:6px;")
+                                               : QStringLiteral("background:@page@; border:1px solid @frame@; border-radius:6px;")));
             imageGrid->addWidget(picture, (i / 6) * 2, i % 6, Qt::AlignHCenter);
             imageGrid->addWidget(caption(name), (i / 6) * 2 + 1, i % 6, Qt::AlignHCenter);
         }
@@ -119,7 +120,7 @@ public:
             picture->setPixmap(tinted.scaled(32, 32, Qt::KeepAspectRatio, Qt::SmoothTransformation));
             picture->setFixedSize(44, 44);
             picture->setAlignment(Qt::AlignCenter);
-            picture->setStyleSheet(QStringLiteral("background:#2E2F30; border-radius:6px;"));
+            picture->setStyleSheet(themed(QStringLiteral("background:@darkPanel@; border-radius:6px;")));
             tints->addWidget(picture, 0, i, Qt::AlignHCenter);
             tints->addWidget(caption(colours.at(i).isEmpty() ? tr("(none)") : colours.at(i)), 1, i,
                              Qt::AlignHCenter);
@@ -141,7 +142,7 @@ public:
         auto *logLayout = new QVBoxLayout(log);
         m_logFile = note(QString());
         m_logTail = valueLabel();
-        m_logTail->setStyleSheet(QStringLiteral("background:#2E2F30; color:#D9D9DE; border-radius:6px; padding:8px;"));
+        m_logTail->setStyleSheet(themed(QStringLiteral("background:@darkPanel@; color:@onDark@; border-radius:6px; padding:8px;")));
         auto *write = new QPushButton(tr("qDebug() a line"));
         auto *logRow = new QHBoxLayout;
         logRow->addWidget(m_logFile, 1);

@@ -1,4 +1,5 @@
 #include "gallerywindow.h"
+#include "palette.h"
 
 #include "gallerypage.h"
 
@@ -18,28 +19,28 @@ namespace {
 // The gallery's own look. It is set on the main window only, so the
 // library's dialogs (top-level windows without a parent) keep theirs.
 const char *const galleryStyle = R"(
-QMainWindow#MainWindow, #pageBody, #pageHeader { background: #F4F5FA; }
+QMainWindow#MainWindow, #pageBody, #pageHeader { background: @page@; }
 QListWidget#nav {
-    background: #2E2F30; color: #D9D9DE; border: none; font-size: 14px;
+    background: @darkPanel@; color: @onDark@; border: none; font-size: 14px;
     padding-top: 10px; outline: none;
 }
 QListWidget#nav::item { padding: 9px 18px; border-left: 3px solid transparent; }
-QListWidget#nav::item:hover { background: #3B3C3D; }
-QListWidget#nav::item:selected { background: #3B3C3D; color: white; border-left: 3px solid #8273FF; }
-QLabel#pageTitle { font-size: 22px; font-weight: bold; color: #23242A; }
+QListWidget#nav::item:hover { background: @darkHover@; }
+QListWidget#nav::item:selected { background: @darkHover@; color: white; border-left: 3px solid @accent@; }
+QLabel#pageTitle { font-size: 22px; font-weight: bold; color: @ink@; }
 QLabel#pageBlurb { font-size: 13px; color: #60636F; }
-QLabel#note { font-size: 11px; color: #7A7D8A; }
-QLabel#value { font-family: "DejaVu Sans Mono"; font-size: 12px; color: #23242A; }
+QLabel#note { font-size: 11px; color: @note@; }
+QLabel#value { font-family: "DejaVu Sans Mono"; font-size: 12px; color: @ink@; }
 QGroupBox {
-    background: white; border: 1px solid #E2E4EC; border-radius: 8px;
+    background: white; border: 1px solid @frame@; border-radius: 8px;
     margin-top: 12px; padding: 14px 12px 10px 12px; font-size: 13px;
 }
 QGroupBox::title {
     subcontrol-origin: margin; left: 12px; top: 0px; padding: 0 4px;
     color: #5B4FD6; font-weight: bold;
 }
-QToolBar { background: #2E2F30; border: none; padding: 4px 10px; spacing: 8px; }
-QToolBar QLabel { color: #D9D9DE; }
+QToolBar { background: @darkPanel@; border: none; padding: 4px 10px; spacing: 8px; }
+QToolBar QLabel { color: @onDark@; }
 QStatusBar { background: #E9EBF2; color: #4A4D59; }
 )";
 
@@ -51,12 +52,12 @@ GalleryWindow::GalleryWindow(const QString &logDir, QWidget *parent)
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(tr("Orvane gallery"));
     setWindowIcon(Orvane::SliceManager::appIcon());
-    setStyleSheet(QString::fromLatin1(galleryStyle));
+    setStyleSheet(themed(QString::fromLatin1(galleryStyle)));
 
     auto *bar = addToolBar(tr("Skin"));
     bar->setMovable(false);
-    auto *brand = new QLabel(QStringLiteral("<b style='color:white;font-size:15px'>Orvane</b>"
-                                            "&nbsp;&nbsp;<span style='color:#9A9AA6'>%1</span>")
+    auto *brand = new QLabel(themed(QStringLiteral("<b style='color:white;font-size:15px'>Orvane</b>"
+                                                   "&nbsp;&nbsp;<span style='color:@muted@'>%1</span>"))
                                  .arg(Orvane::orvaneLibVersion()));
     bar->addWidget(brand);
     auto *spacer = new QWidget;

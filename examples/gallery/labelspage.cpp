@@ -1,6 +1,7 @@
 // The eliding label in splitters and the spinning label with start and stop.
 #include "gallerypage.h"
 #include "pages.h"
+#include "palette.h"
 
 #include <Orvane/Orvane.h>
 
@@ -45,7 +46,7 @@ public:
             // holder around it rather than in the label's style.
             auto *holder = new QWidget;
             holder->setObjectName(QStringLiteral("elidedHolder"));
-            holder->setStyleSheet(QStringLiteral("#elidedHolder{background:#F4F5FA;}"));
+            holder->setStyleSheet(themed(QStringLiteral("#elidedHolder{background:@page@;}")));
             auto *holderLayout = new QHBoxLayout(holder);
             holderLayout->setContentsMargins(8, 0, 8, 0);
             auto *label = new Orvane::ElidedLabel(nullptr, mode.first);
@@ -77,16 +78,16 @@ public:
         auto *row = new QHBoxLayout(spin);
         row->setSpacing(16);
         const QList<QPair<QString, QString>> pictures = {
-            {QStringLiteral(":/Orvane/kv_Loading.png"), QStringLiteral("#2E2F30")},
+            {QStringLiteral(":/Orvane/kv_Loading.png"), QStringLiteral("@darkPanel@")},
             {QStringLiteral(":/Orvane/qm_Loading.png"), QStringLiteral("#FFFFFF")},
-            {QStringLiteral(":/sheets/icons.png"), QStringLiteral("#F4F5FA")},
+            {QStringLiteral(":/sheets/icons.png"), QStringLiteral("@page@")},
         };
         for (const auto &picture : pictures) {
             auto *label = new Orvane::RotationLabel;
             label->setFixedSize(72, 72);
             label->setAlignment(Qt::AlignCenter);
-            label->setStyleSheet(QStringLiteral("background:%1; border:1px solid #E2E4EC; border-radius:8px;")
-                                     .arg(picture.second));
+            label->setStyleSheet(themed(QStringLiteral("background:%1; border:1px solid @frame@; border-radius:8px;")
+                                            .arg(picture.second)));
             QPixmap pixmap(picture.first);
             // The last picture is the gear tile of the gallery's icon sheet.
             if (picture.first.endsWith(QLatin1String("icons.png")))

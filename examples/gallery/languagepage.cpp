@@ -1,6 +1,7 @@
 // The sixteen language packs, switched live, with the current locale and pack.
 #include "gallerypage.h"
 #include "pages.h"
+#include "palette.h"
 
 #include <Orvane/Orvane.h>
 
@@ -64,10 +65,10 @@ public:
         auto *packsBox = new QGroupBox(tr("Language packs"));
         auto *packsLayout = new QVBoxLayout(packsBox);
         m_list = new QListWidget;
-        m_list->setStyleSheet(QStringLiteral(
+        m_list->setStyleSheet(themed(QStringLiteral(
             "QListWidget{border:none; font-size:13px;}"
             "QListWidget::item{padding:3px 6px;}"
-            "QListWidget::item:selected{background:#8273FF; color:white; border-radius:4px;}"));
+            "QListWidget::item:selected{background:@accent@; color:white; border-radius:4px;}")));
         m_list->addItems(languagePacks());
         packsLayout->addWidget(m_list);
         packsBox->setFixedWidth(200);

@@ -2,6 +2,7 @@
 // and the first-launch rule.
 #include "gallerypage.h"
 #include "pages.h"
+#include "palette.h"
 
 #include <Orvane/Orvane.h>
 
@@ -100,8 +101,8 @@ public:
         m_table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
         m_table->horizontalHeader()->setStretchLastSection(true);
         m_table->verticalHeader()->setDefaultSectionSize(24);
-        m_table->setStyleSheet(QStringLiteral("QTableWidget{border:none; font-size:12px;}"
-                                              "QTableWidget::item:selected{background:#E6E3FF; color:#23242A;}"));
+        m_table->setStyleSheet(themed(QStringLiteral("QTableWidget{border:none; font-size:12px;}"
+                                                     "QTableWidget::item:selected{background:#E6E3FF; color:@ink@;}")));
         m_table->setMinimumHeight(24 * int(std::size(categories)) + 28);
         tableLayout->addWidget(m_table);
         auto *open = new QPushButton(tr("Open the selected page in the browser"));

@@ -2,6 +2,7 @@
 // sheets, and the "images" folder beside the executable.
 #include "gallerypage.h"
 #include "pages.h"
+#include "palette.h"
 
 #include <Orvane/Orvane.h>
 
@@ -78,7 +79,7 @@ public:
                 const QJsonObject group = groupValue.toObject();
                 const QString prefix = group.value(QStringLiteral("prefix")).toString();
                 const int row = grid->rowCount();
-                auto *title = new QLabel(QStringLiteral("<b>%1</b> %2<br><span style='color:#7A7D8A'>%3</span>")
+                auto *title = new QLabel(themed(QStringLiteral("<b>%1</b> %2<br><span style='color:@note@'>%3</span>"))
                                              .arg(sheet.value(QStringLiteral("filename")).toString(),
                                                   prefix.isEmpty() ? QString() : QStringLiteral("&ndash; %1*").arg(prefix),
                                                   methodText(group.value(QStringLiteral("method")).toObject())));
@@ -92,15 +93,15 @@ public:
                     // The banner is a whole sheet; it is shown smaller to leave room.
                     if (cut.width() > 200)
                         cut = cut.scaledToWidth(cut.width() * 3 / 4, Qt::SmoothTransformation);
-                    strip->addWidget(picture(cut, name, dark ? QStringLiteral("#2E2F30") : QString()));
+                    strip->addWidget(picture(cut, name, dark ? themed(QStringLiteral("@darkPanel@")) : QString()));
                 }
                 strip->addStretch();
                 grid->addLayout(strip, row, 1);
             }
         }
         const int row = grid->rowCount();
-        grid->addWidget(new QLabel(tr("<b>an unknown name</b><br><span style='color:#7A7D8A'>logs "
-                                      "\"slice not found:\"</span>")),
+        grid->addWidget(new QLabel(themed(tr("<b>an unknown name</b><br><span style='color:@note@'>logs "
+                                             "\"slice not found:\"</span>"))),
                         row, 0);
         auto *missing = new QHBoxLayout;
         missing->addWidget(picture(slices.slice(QStringLiteral("icon_missing")), QStringLiteral("icon_missing")));
@@ -137,7 +138,7 @@ public:
         m_player = new QLabel;
         m_player->setFixedSize(56, 56);
         m_player->setAlignment(Qt::AlignCenter);
-        m_player->setStyleSheet(QStringLiteral("background:#F4F5FA; border-radius:8px;"));
+        m_player->setStyleSheet(themed(QStringLiteral("background:@page@; border-radius:8px;")));
         auto *playerBox = new QVBoxLayout;
         playerBox->addWidget(m_player, 0, Qt::AlignHCenter);
         playerBox->addWidget(caption(tr("played")));
