@@ -4,7 +4,7 @@
 #include <Orvane/helpers.h>
 #include <Orvane/slicemanager.h>
 
-#include "../widgets/cachedshadoweffect_p.h"
+#include "widgets/cachedshadoweffect_p.h"
 
 #include <QCheckBox>
 #include <QDebug>
