@@ -20,6 +20,8 @@
 #include "widgets/cachedshadoweffect_p.h"
 #include "widgets/rotationlabel_p.h"
 
+#include "../widgets/shadowcompare.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QGraphicsDropShadowEffect>
@@ -33,6 +35,7 @@
 #include <memory>
 
 using namespace Orvane;
+using namespace ShadowCompare;
 
 namespace {
 
@@ -159,27 +162,6 @@ void showBox(OMessageBox *box)
         box->resize(box->width(), natural);
 }
 
-// Empty when every channel of every pixel is within `tolerance`.
-QString difference(const QImage &ours, const QImage &qts, int tolerance = 2)
-{
-    if (ours.size() != qts.size())
-        return QStringLiteral("sizes differ");
-    int count = 0;
-    QString first;
-    for (int y = 0; y < ours.height(); ++y) {
-        for (int x = 0; x < ours.width(); ++x) {
-            const QRgb a = ours.pixel(x, y);
-            const QRgb b = qts.pixel(x, y);
-            if (qAbs(qRed(a) - qRed(b)) > tolerance || qAbs(qGreen(a) - qGreen(b)) > tolerance
-                || qAbs(qBlue(a) - qBlue(b)) > tolerance || qAbs(qAlpha(a) - qAlpha(b)) > tolerance) {
-                if (count++ == 0)
-                    first = QStringLiteral("(%1, %2): #%3 against #%4").arg(x).arg(y).arg(a, 8, 16).arg(b, 8, 16);
-            }
-        }
-    }
-    return count ? QStringLiteral("%1 pixels differ, first at %2").arg(count).arg(first) : QString();
-}
-
 #define COMPARE_LOOKS(ours, qts)                                                                   \
     do {                                                                                           \
         const QString diff_ = difference((ours), (qts));                                           \
@@ -201,40 +183,6 @@ OMessageBox *newBox(MessageBoxIconType icon = Success)
                            QStringLiteral("Version 2.4 is ready to install."), QStringLiteral("An update"), -1,
                            QStringLiteral("Don't ask again"), [](bool) {}, nullptr, Qt::WindowFlags());
 }
-
-// One render of `w` and its children onto a transparent image of ratio `dpr`.
-QImage paint(QWidget &w, qreal dpr)
-{
-    QImage image(w.size() * dpr, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(dpr);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    w.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
-    painter.end();
-    return image.convertToFormat(QImage::Format_ARGB32);
-}
-
-// A shadowed stock button with room for its shadow; with `qtShadow` the
-// button carries Qt's plain effect instead of the library's.
-struct Framed
-{
-    explicit Framed(bool qtShadow)
-        : frame(new QWidget)
-    {
-        auto *box = new QVBoxLayout(frame.get());
-        box->setContentsMargins(40, 40, 40, 40);
-        button = new ImageButton(makeBtnStyle_Default(), frame.get());
-        button->setText(QStringLiteral("Shadowed"));
-        if (qtShadow) {
-            button->setGraphicsEffect(new QGraphicsDropShadowEffect(button));
-            button->refresh();
-        }
-        box->addWidget(button);
-        frame->resize(frame->sizeHint());
-    }
-    std::unique_ptr<QWidget> frame;
-    ImageButton *button = nullptr;
-};
 
 } // namespace
 
@@ -536,8 +484,8 @@ void tst_HighDpi::stretchedTwinKeepsTheCorners()
 
 void tst_HighDpi::buttonShadowIsQts()
 {
-    Framed ours(false);
-    Framed qts(true);
+    Framed ours(makeBtnStyle_Default, false);
+    Framed qts(makeBtnStyle_Default, true);
     QVERIFY(qobject_cast<CachedShadowEffect *>(ours.button->graphicsEffect()));
     for (Framed *f : {&ours, &qts}) {
         f->frame->show();
@@ -563,11 +511,7 @@ void tst_HighDpi::messageBoxShadowIsQts()
 {
     OMessageBox *ours = newBox();
     OMessageBox *qts = newBox();
-    auto *plain = new QGraphicsDropShadowEffect(qts);
-    plain->setOffset(0, 0);
-    plain->setBlurRadius(30.0);
-    plain->setColor(QColor(92, 93, 102, 51));
-    qts->setGraphicsEffect(plain);
+    setQtsMessageBoxShadow(qts);
     for (OMessageBox *box : {ours, qts})
         showBox(box);
     const QImage image = argb(ours->grab());
@@ -581,8 +525,8 @@ void tst_HighDpi::shadowCacheKeepsRatiosApart()
     // One button drawn at ratio 1, then 2, then 1 again, against Qt's effect
     // at each: a kept shadow of one ratio never serves the other.
     CachedShadowEffect::dropSharedShadows();
-    Framed ours(false);
-    Framed qts(true);
+    Framed ours(makeBtnStyle_Default, false);
+    Framed qts(makeBtnStyle_Default, true);
     for (qreal dpr : {1.0, 2.0, 1.0, expectedRatio()}) {
         const QImage a = paint(*ours.frame, dpr);
         COMPARE_LOOKS(a, paint(*qts.frame, dpr));
