@@ -85,8 +85,9 @@ PREFIX ?= /usr/local
 install: build
 	cmake --install $(BUILD) --prefix $(PREFIX)
 
-# Redraws the PNG images from their SVG sources (needs librsvg2-bin).
+# Redraws the PNG images, and their @2x twins, from their SVG sources.
 images:
+	@sh scripts/install-deps.sh librsvg2-bin
 	sh resources/images/render.sh
 
 # Refreshes the translation sources from the code; rewrites tracked files.

@@ -1,6 +1,7 @@
 #include <Orvane/helpers.h>
 
 #include "core/helpers_p.h"
+#include "core/ratiopixmaps_p.h"
 
 #include <QApplication>
 #include <QColor>
@@ -33,9 +34,11 @@ Layout *makeBoxLayout(QWidget *parent, int margin, int spacing)
 
 void tint(QPixmap &pixmap, const QString &colorName)
 {
+    // The painter works in the pixmap's device-independent pixels, so the
+    // fill covers its logical size; the pixmap keeps its device pixel ratio.
     QPainter painter(&pixmap);
     painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-    painter.fillRect(pixmap.rect(), QColor(colorName));
+    painter.fillRect(QRectF(QPointF(0, 0), QSizeF(pixmap.size()) / pixmap.devicePixelRatioF()), QColor(colorName));
     painter.end();
 }
 
@@ -178,7 +181,7 @@ void pixmapTintColor(QPixmap &pixmap, const QString &colorName)
 
 QPixmap loadImageWithTintColor(const QString &path, const QString &colorName)
 {
-    QPixmap pixmap(path);
+    QPixmap pixmap = loadPixmapForRatio(path, applicationPixelRatio());
     if (!pixmap.isNull() && !colorName.isEmpty())
         tint(pixmap, colorName);
     return pixmap;
@@ -208,33 +211,39 @@ void drawStretchedImage(QPainter &painter, const QSize &size, const QPixmap &pix
         return;
     }
 
-    const int pw = pixmap.width();
-    const int ph = pixmap.height();
+    // Margins and target are in device-independent pixels; the source is
+    // cut in the pixmap's own pixels, so a @2x picture keeps its corners as
+    // sharp as it has them.
+    const qreal ratio = pixmap.devicePixelRatioF();
+    const qreal pw = pixmap.width() / ratio;
+    const qreal ph = pixmap.height() / ratio;
     // The source middle never shrinks below one pixel; the target middle may.
-    const int sw = std::max(pw - L - R, 1);
-    const int sh = std::max(ph - T - B, 1);
+    const qreal sw = std::max<qreal>(pw - L - R, 1);
+    const qreal sh = std::max<qreal>(ph - T - B, 1);
     const int dw = W - L - R;
     const int dh = H - T - B;
 
     struct Piece {
-        QRect source;
+        QRectF source;
         QRect target;
     };
     const Piece pieces[] = {
-        {{0, 0, L, T}, {0, 0, L, T}},
-        {{L, 0, sw, T}, {L, 0, dw, T}},
-        {{pw - R, 0, R, T}, {W - R, 0, R, T}},
-        {{0, T, L, sh}, {0, T, L, dh}},
-        {{L, T, sw, sh}, {L, T, dw, dh}},
-        {{pw - R, T, R, sh}, {W - R, T, R, dh}},
-        {{0, ph - B, L, B}, {0, H - B, L, B}},
-        {{L, ph - B, sw, B}, {L, H - B, dw, B}},
-        {{pw - R, ph - B, R, B}, {W - R, H - B, R, B}},
+        {{0, 0, qreal(L), qreal(T)}, {0, 0, L, T}},
+        {{qreal(L), 0, sw, qreal(T)}, {L, 0, dw, T}},
+        {{pw - R, 0, qreal(R), qreal(T)}, {W - R, 0, R, T}},
+        {{0, qreal(T), qreal(L), sh}, {0, T, L, dh}},
+        {{qreal(L), qreal(T), sw, sh}, {L, T, dw, dh}},
+        {{pw - R, qreal(T), qreal(R), sh}, {W - R, T, R, dh}},
+        {{0, ph - B, qreal(L), qreal(B)}, {0, H - B, L, B}},
+        {{qreal(L), ph - B, sw, qreal(B)}, {L, H - B, dw, B}},
+        {{pw - R, ph - B, qreal(R), qreal(B)}, {W - R, H - B, R, B}},
     };
     for (const Piece &piece : pieces) {
         if (piece.source.width() == 0 || piece.source.height() == 0)
             continue;
-        painter.drawPixmap(piece.target, pixmap, piece.source);
+        const QRectF &s = piece.source;
+        painter.drawPixmap(QRectF(piece.target), pixmap,
+                           QRectF(s.x() * ratio, s.y() * ratio, s.width() * ratio, s.height() * ratio));
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include "core/helpers_p.h"
 #include "dialogs/dialogskinstyle_p.h"
+#include "core/ratiopixmaps_p.h"
 #include "widgets/cachedshadoweffect_p.h"
 
 #include <QCheckBox>
@@ -26,31 +27,34 @@ namespace {
 const Qt::WindowFlags tipsFlags =
     Qt::Dialog | Qt::WindowTitleHint | Qt::CustomizeWindowHint | Qt::WindowCloseButtonHint;
 
-// A library picture recoloured to `tint`, made once per picture and colour:
-// every box of a kind shows the same pixels, so they are shared. Kept until
-// the process ends.
-QPixmap tintedPicture(const QString &path, const QString &tint)
+// A library picture recoloured to `tint`, made once per picture, colour and
+// picture ratio (1x, or the @2x twin for scaled screens): every box of a
+// kind on screens of one kind shows the same pixels, so they are shared.
+// Kept until the process ends.
+QPixmap tintedPicture(const QString &path, const QString &tint, qreal ratio)
 {
     static auto *made = new QHash<QString, QPixmap>;
-    const QString key = tint + QLatin1Char('|') + path;
+    const int pictureScale = pictureRatio(ratio);
+    const QString key = tint + QLatin1Char('|') + QString::number(pictureScale) + QLatin1Char('|') + path;
     const auto found = made->constFind(key);
     if (found != made->constEnd())
         return *found;
-    const QPixmap pixmap = loadImageWithTintColor(path, tint);
+    QPixmap pixmap = loadPixmapForRatio(path, ratio);
+    pixmapTintColor(pixmap, tint);
     made->insert(key, pixmap);
     return pixmap;
 }
 
-QPixmap iconPicture(MessageBoxIconType icon, const QString &tint)
+QPixmap iconPicture(MessageBoxIconType icon, const QString &tint, qreal ratio)
 {
     switch (icon) {
     case AppIcon:
         return SliceManager::appIcon();
     case Attention:
     case Warning:
-        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsAttention.png"), tint);
+        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsAttention.png"), tint, ratio);
     case Success:
-        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsSuccess.png"), tint);
+        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsSuccess.png"), tint, ratio);
     }
     return QPixmap();
 }
@@ -91,9 +95,17 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
     iconLabel->setObjectName(QStringLiteral("icon"));
     iconLabel->setFixedSize(48, 48);
     iconLabel->setScaledContents(true);
-    const QPixmap picture = iconPicture(icon, style.iconTint);
+    const QPixmap picture = iconPicture(icon, style.iconTint, devicePixelRatioF());
     if (!picture.isNull())
         iconLabel->setPixmap(picture);
+    // On a screen of another scale the picture of that ratio is shown.
+    if (icon != AppIcon && !picture.isNull()) {
+        new RatioWatcher(this, [iconLabel, icon, tint = style.iconTint](qreal ratio) {
+            const QPixmap shown = iconLabel->pixmap(Qt::ReturnByValue);
+            if (shown.devicePixelRatioF() != pictureRatio(ratio))
+                iconLabel->setPixmap(iconPicture(icon, tint, ratio));
+        });
+    }
     topRow->addWidget(iconLabel, 0, Qt::AlignTop);
     topRow->addSpacing(25);
 

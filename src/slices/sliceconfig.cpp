@@ -1,5 +1,7 @@
 #include "sliceconfig_p.h"
 
+#include "core/ratiopixmaps_p.h"
+
 #include <QDebug>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -41,7 +43,10 @@ bool readSliceConfig(SliceManager &manager, const QByteArray &json)
     const QJsonArray entries = document.array();
     for (const QJsonValue &value : entries) {
         const QVariantMap entry = value.toObject().toVariantMap();
-        manager.m_images.append(QPixmap(QStringLiteral(":/") + entry.value(QStringLiteral("filename")).toString()));
+        // On a scaled screen a "@2x" twin of the sheet is taken when the host
+        // ships one.
+        const QString path = QStringLiteral(":/") + entry.value(QStringLiteral("filename")).toString();
+        manager.m_images.append(loadPixmapForRatio(path, applicationPixelRatio()));
         // QList keeps each QPixmap in its own heap node, so this address
         // survives later appends.
         QPixmap *sheet = &manager.m_images.last();
