@@ -5,6 +5,8 @@
 #include <Orvane/slicemanager.h>
 #include <Orvane/startup.h>
 
+#include "core/qtcompat_p.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -212,14 +214,14 @@ bool BarDialog::eventFilter(QObject *watched, QEvent *event)
         switch (mouseEvent->type()) {
         case QEvent::MouseButtonPress:
             setProperty(pressedProperty, true);
-            setProperty(pressedPositionProperty, mouseEvent->globalPos());
+            setProperty(pressedPositionProperty, mouseGlobalPoint(mouseEvent));
             break;
         case QEvent::MouseButtonRelease:
             setProperty(pressedProperty, false);
             break;
         case QEvent::MouseMove:
             if (pressed) {
-                const QPoint globalPos = mouseEvent->globalPos();
+                const QPoint globalPos = mouseGlobalPoint(mouseEvent);
                 move(pos() + globalPos - property(pressedPositionProperty).toPoint());
                 setProperty(pressedPositionProperty, globalPos);
             }

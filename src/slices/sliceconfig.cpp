@@ -6,7 +6,7 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QPixmap>
-#include <QRegExp>
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace Orvane {
@@ -17,7 +17,8 @@ namespace {
 // both; anything else leaves the caller's default.
 bool readNumberPair(const QVariant &value, int *first, int *second)
 {
-    const QStringList parts = value.toString().split(QRegExp(QStringLiteral("[, ]")), Qt::SkipEmptyParts);
+    static const QRegularExpression separator(QStringLiteral("[, ]"));
+    const QStringList parts = value.toString().split(separator, Qt::SkipEmptyParts);
     if (parts.size() != 2)
         return false;
     *first = parts.at(0).toInt(nullptr, 10);
@@ -41,10 +42,10 @@ bool readSliceConfig(SliceManager &manager, const QByteArray &json)
     const QJsonArray entries = document.array();
     for (const QJsonValue &value : entries) {
         const QVariantMap entry = value.toObject().toVariantMap();
-        manager.m_images.append(QPixmap(QStringLiteral(":/") + entry.value(QStringLiteral("filename")).toString()));
-        // QList keeps each QPixmap in its own heap node, so this address
-        // survives later appends.
-        QPixmap *sheet = &manager.m_images.last();
+        manager.m_images.emplace_back(QStringLiteral(":/") + entry.value(QStringLiteral("filename")).toString());
+        // A deque never moves its elements when it grows at the end, so this
+        // address survives later sheets.
+        QPixmap *sheet = &manager.m_images.back();
 
         const QVariantList groups = entry.value(QStringLiteral("slices")).toList();
         for (const QVariant &group : groups)
