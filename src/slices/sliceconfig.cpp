@@ -26,9 +26,25 @@ bool readNumberPair(const QVariant &value, int *first, int *second)
     return true;
 }
 
+// The names as Qt 5's QDebug writes a string list, ("a", "b"); Qt 6 would
+// write QList("a", "b"), and the debug line keeps one form under both.
+QString debugList(const QStringList &names)
+{
+    QString text;
+    QDebug out(&text);
+    out.nospace() << '(';
+    for (int i = 0; i < names.size(); ++i) {
+        if (i > 0)
+            out << ", ";
+        out << names.at(i);
+    }
+    out << ')';
+    return text;
+}
+
 int clampCoordinate(qint64 value)
 {
-    return int(qBound<qint64>(-maxSliceCoordinate, value, maxSliceCoordinate));
+    return int(qBound(-qint64(maxSliceCoordinate), value, qint64(maxSliceCoordinate)));
 }
 
 } // namespace
@@ -51,7 +67,7 @@ bool readSliceConfig(SliceManager &manager, const QByteArray &json)
         for (const QVariant &group : groups)
             manager.parseFileNode(group.toMap(), sheet);
 
-        qDebug() << "slices: " << manager.m_slices.keys();
+        qDebug().noquote() << "slices: " << debugList(manager.m_slices.keys());
     }
     return true;
 }
