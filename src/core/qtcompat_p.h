@@ -9,7 +9,9 @@
 #include <QMouseEvent>
 #include <QPoint>
 #include <QPointF>
+#include <QMetaType>
 #include <QTextStream>
+#include <QVariant>
 #include <QtGlobal>
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -34,6 +36,16 @@ inline QPoint mouseGlobalPoint(const QMouseEvent *event)
     return event->globalPosition().toPoint();
 #else
     return event->globalPos();
+#endif
+}
+
+// The QMetaType::Type of the value the variant holds.
+inline int variantTypeId(const QVariant &value)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return value.typeId();
+#else
+    return value.userType();
 #endif
 }
 

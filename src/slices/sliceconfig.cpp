@@ -1,5 +1,7 @@
 #include "sliceconfig_p.h"
 
+#include "core/qtcompat_p.h"
+
 #include <QDebug>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -63,13 +65,23 @@ bool readSliceConfig(SliceManager &manager, const QByteArray &json)
         // address survives later sheets.
         QPixmap *sheet = &manager.m_images.back();
 
-        const QVariantList groups = entry.value(QStringLiteral("slices")).toList();
+        const QVariantList groups = jsonList(entry.value(QStringLiteral("slices")));
         for (const QVariant &group : groups)
-            manager.parseFileNode(group.toMap(), sheet);
+            manager.parseFileNode(jsonMap(group), sheet);
 
         qDebug().noquote() << "slices: " << debugList(manager.m_slices.keys());
     }
     return true;
+}
+
+QVariantList jsonList(const QVariant &value)
+{
+    return variantTypeId(value) == QMetaType::QVariantList ? value.toList() : QVariantList();
+}
+
+QVariantMap jsonMap(const QVariant &value)
+{
+    return variantTypeId(value) == QMetaType::QVariantMap ? value.toMap() : QVariantMap();
 }
 
 SliceMethod parseSliceMethod(const QVariantMap &method)

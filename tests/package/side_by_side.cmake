@@ -2,6 +2,7 @@
 # the other installs, and examples/consumer builds and runs against each.
 #   -DSOURCE_DIR= -DBUILD_DIR=<this, Qt 6, build> -DQT5_BUILD_DIR=<Qt 5 build, may be empty>
 #   -DCONSUMER_SOURCE= -DWORK_DIR= -DLAUNCHER=<compiler launcher, may be empty>
+cmake_policy(VERSION 3.16)
 include("${CMAKE_CURRENT_LIST_DIR}/package_helpers.cmake")
 file(REMOVE_RECURSE "${WORK_DIR}/prefix5" "${WORK_DIR}/prefix6" "${WORK_DIR}/both" "${WORK_DIR}/consumer5"
      "${WORK_DIR}/consumer6")
