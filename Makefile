@@ -1,7 +1,23 @@
 # The two commands a new user needs:
 #   make test   installs what is missing, builds, and runs every test
 #   make demo   installs what is missing, builds, and runs the gallery
-BUILD ?= build
+# Both take QT=6 to build against Qt 6 instead of Qt 5 (the default), in
+# build trees of their own (build-qt6, ...): make test QT=6, make demo QT=6.
+QT ?= 5
+ifeq ($(QT),6)
+QT_SUFFIX = -qt6
+QT_PACKAGES = qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+# The Qt 6 suite installs the Qt 5 build beside its own (package_side_by_side).
+QT_EXTRA_CMAKE = -DORVANE_QT5_BUILD_DIR=$(CURDIR)/build
+else ifeq ($(QT),5)
+QT_SUFFIX =
+QT_PACKAGES =
+QT_EXTRA_CMAKE =
+else
+$(error QT must be 5 or 6)
+endif
+QT_CMAKE = -DORVANE_QT_MAJOR=$(QT)
+BUILD ?= build$(QT_SUFFIX)
 BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
@@ -11,10 +27,10 @@ CMAKE_FLAGS ?=
 all: build
 
 deps:
-	@sh scripts/install-deps.sh
+	@sh scripts/install-deps.sh $(QT_PACKAGES)
 
 configure: deps
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) $(CMAKE_FLAGS)
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) $(QT_CMAKE) $(QT_EXTRA_CMAKE) $(CMAKE_FLAGS)
 
 build: configure
 	cmake --build $(BUILD) --parallel $(JOBS)
@@ -34,9 +50,9 @@ demo: build
 # The whole suite with AddressSanitizer and UndefinedBehaviorSanitizer, then
 # the thread tests with ThreadSanitizer, each in a build tree of its own.
 # Suppressions (Qt's own known reports only) are in tests/sanitizers/.
-ASAN_BUILD ?= build-asan
-TSAN_BUILD ?= build-tsan
-SAN_CMAKE = -DCMAKE_BUILD_TYPE=Debug -DORVANE_BUILD_EXAMPLES=OFF
+ASAN_BUILD ?= build-asan$(QT_SUFFIX)
+TSAN_BUILD ?= build-tsan$(QT_SUFFIX)
+SAN_CMAKE = -DCMAKE_BUILD_TYPE=Debug -DORVANE_BUILD_EXAMPLES=OFF $(QT_CMAKE)
 check-sanitize: deps
 	cmake -S . -B $(ASAN_BUILD) $(SAN_CMAKE) \
 		"-DCMAKE_CXX_FLAGS=-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer"
@@ -61,22 +77,22 @@ check-valgrind: build
 
 # Every fuzz target for FUZZ_SECONDS each, with clang's libFuzzer,
 # AddressSanitizer and UndefinedBehaviorSanitizer, in its own build tree.
-FUZZ_BUILD ?= build-fuzz
+FUZZ_BUILD ?= build-fuzz$(QT_SUFFIX)
 FUZZ_SECONDS ?= 60
 FUZZ_FLAGS = -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
 fuzz:
-	@sh scripts/install-deps.sh clang libclang-rt-14-dev
-	cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
+	@sh scripts/install-deps.sh clang libclang-rt-14-dev $(QT_PACKAGES)
+	cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ $(QT_CMAKE) \
 		-DORVANE_BUILD_FUZZERS=ON -DORVANE_BUILD_EXAMPLES=OFF -DORVANE_FUZZ_SECONDS=$(FUZZ_SECONDS) \
 		"-DCMAKE_CXX_FLAGS=$(FUZZ_FLAGS)"
 	cmake --build $(FUZZ_BUILD) --parallel $(JOBS) --target fuzzers
 	cd $(FUZZ_BUILD) && ctest -L fuzz --output-on-failure
 
 # Every benchmark in bench/, in an optimised build tree of its own.
-BENCH_BUILD ?= build-bench
+BENCH_BUILD ?= build-bench$(QT_SUFFIX)
 bench:
-	@sh scripts/install-deps.sh libbenchmark-dev libssl-dev
-	cmake -S . -B $(BENCH_BUILD) -DCMAKE_BUILD_TYPE=Release -DORVANE_BUILD_BENCHMARKS=ON \
+	@sh scripts/install-deps.sh libbenchmark-dev libssl-dev $(QT_PACKAGES)
+	cmake -S . -B $(BENCH_BUILD) -DCMAKE_BUILD_TYPE=Release -DORVANE_BUILD_BENCHMARKS=ON $(QT_CMAKE) \
 		-DORVANE_BUILD_EXAMPLES=OFF -DBUILD_TESTING=OFF
 	cmake --build $(BENCH_BUILD) --parallel $(JOBS) --target run-benchmarks
 

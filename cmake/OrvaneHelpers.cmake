@@ -17,7 +17,8 @@ endfunction()
 
 # Every public header lives in its source directory and is reached as
 # <Orvane/name.h>: the build tree links it into include/Orvane, and the
-# install puts it into <prefix>/include/Orvane.
+# install puts it into <prefix>/include/Orvane (Qt 5) or
+# <prefix>/include/Orvane6/Orvane (Qt 6).
 set(ORVANE_BUILD_INCLUDE_DIR "${CMAKE_BINARY_DIR}/include" CACHE INTERNAL "")
 file(MAKE_DIRECTORY "${ORVANE_BUILD_INCLUDE_DIR}/Orvane")
 
@@ -29,5 +30,5 @@ function(orvane_public_headers)
         target_sources(OrvaneObjects PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
         set_property(GLOBAL APPEND PROPERTY ORVANE_PUBLIC_HEADERS "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
     endforeach()
-    install(FILES ${ARGN} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Orvane" COMPONENT Devel)
+    install(FILES ${ARGN} DESTINATION "${ORVANE_INSTALL_INCLUDEDIR}/Orvane" COMPONENT Devel)
 endfunction()

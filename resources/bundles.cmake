@@ -17,7 +17,7 @@ foreach(pack IN LISTS ORVANE_LANGUAGE_PACKS)
     list(APPEND _ts_files "${_res_dir}/translations/${pack}.ts")
 endforeach()
 set_source_files_properties(${_ts_files} PROPERTIES OUTPUT_LOCATION "${CMAKE_CURRENT_BINARY_DIR}/translations")
-qt5_add_translation(_qm_files ${_ts_files})
+qt_add_translation(_language_qms ${_ts_files})
 
 set(_lang_qrc "${CMAKE_CURRENT_BINARY_DIR}/translations/OrvaneLanguages.qrc")
 set(_lang_entries "")
@@ -33,7 +33,7 @@ file(GLOB _images CONFIGURE_DEPENDS "${_res_dir}/images/*.png")
 function(_orvane_bundle name qrc)
     set(out "${CMAKE_CURRENT_BINARY_DIR}/qrc_${name}.cpp")
     add_custom_command(OUTPUT "${out}"
-        COMMAND "${CMAKE_COMMAND}" -DRCC=$<TARGET_FILE:Qt5::rcc> -DNAME=${name}
+        COMMAND "${CMAKE_COMMAND}" -DRCC=$<TARGET_FILE:${ORVANE_QT}::rcc> -DNAME=${name}
                 -DQRC=${qrc} -DOUT=${out} -P "${PROJECT_SOURCE_DIR}/cmake/OrvaneRcc.cmake"
         DEPENDS "${qrc}" ${ARGN} "${PROJECT_SOURCE_DIR}/cmake/OrvaneRcc.cmake"
         COMMENT "Embedding resource bundle ${name}"
@@ -43,12 +43,11 @@ function(_orvane_bundle name qrc)
 endfunction()
 
 _orvane_bundle(OrvaneResources "${_res_dir}/OrvaneResources.qrc" ${_images})
-_orvane_bundle(OrvaneLanguages "${_lang_qrc}" ${_qm_files})
+_orvane_bundle(OrvaneLanguages "${_lang_qrc}" ${_language_qms})
 
 # lupdate rewrites tracked files, so it runs only when asked for.
-get_target_property(_lupdate Qt5::lupdate IMPORTED_LOCATION)
 add_custom_target(lupdate
-    COMMAND "${_lupdate}" -no-obsolete "${PROJECT_SOURCE_DIR}/src" -ts ${_ts_files}
+    COMMAND ${ORVANE_QT}::lupdate -no-obsolete "${PROJECT_SOURCE_DIR}/src" -ts ${_ts_files}
     WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
     COMMENT "Updating the translation sources from the library's code"
     VERBATIM)

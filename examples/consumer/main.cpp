@@ -1,5 +1,6 @@
 // A host application in its smallest form: it links the installed library,
-// registers the library's resources and prints the library version.
+// registers the library's resources and prints the library version and
+// the Qt it runs on.
 #include <Orvane/Orvane.h>
 
 #include <QApplication>
@@ -16,6 +17,6 @@ int main(int argc, char *argv[])
         return 1;
     }
 
-    QTextStream(stdout) << "Orvane " << Orvane::orvaneLibVersion() << '\n';
+    QTextStream(stdout) << "Orvane " << Orvane::orvaneLibVersion() << " Qt " << qVersion() << '\n';
     return 0;
 }

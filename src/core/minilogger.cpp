@@ -1,6 +1,7 @@
 #include <Orvane/minilogger.h>
 
 #include "minilogger_p.h"
+#include "qtcompat_p.h"
 #include "winplatform_p.h"
 
 #include <QCoreApplication>
@@ -108,7 +109,7 @@ void openGlobalTextStream(const QString &filePath)
     sink.file->open(QIODevice::WriteOnly | QIODevice::Append);
     sink.stream = QSharedPointer<QTextStream>::create();
     sink.stream->setDevice(sink.file.data());
-    sink.stream->setCodec("UTF-8");
+    setUtf8(sink.stream.data());
     if (sink.file->isOpen())
         logDescriptor.store(sink.file->handle());
 }

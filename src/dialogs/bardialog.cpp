@@ -7,6 +7,7 @@
 
 #include "dialogs/dialogplatform_p.h"
 #include "dialogs/dialogskinstyle_p.h"
+#include "core/qtcompat_p.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -229,11 +230,11 @@ bool BarDialog::eventFilter(QObject *watched, QEvent *event)
         switch (mouseEvent->type()) {
         case QEvent::MouseButtonPress:
             setProperty(pressedProperty, true);
-            setProperty(pressedPositionProperty, mouseEvent->globalPos());
+            setProperty(pressedPositionProperty, mouseGlobalPoint(mouseEvent));
             // The window's origin as the window system sees it at the press:
             // pos() can still be stale right after the window was mapped.
             setProperty(dragOriginProperty,
-                        mouseEvent->globalPos() - barOverlay->mapTo(this, mouseEvent->pos()));
+                        mouseGlobalPoint(mouseEvent) - barOverlay->mapTo(this, mouseLocalPosition(mouseEvent).toPoint()));
             break;
         case QEvent::MouseButtonRelease:
             setProperty(pressedProperty, false);
@@ -249,7 +250,7 @@ bool BarDialog::eventFilter(QObject *watched, QEvent *event)
                         handle->startSystemMove();
                     break;
                 }
-                const QPoint globalPos = mouseEvent->globalPos();
+                const QPoint globalPos = mouseGlobalPoint(mouseEvent);
                 const QPoint origin = property(dragOriginProperty).toPoint() + globalPos
                     - property(pressedPositionProperty).toPoint();
                 countDragMove();

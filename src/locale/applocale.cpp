@@ -1,5 +1,7 @@
 #include <Orvane/applocale.h>
 
+#include "core/qtcompat_p.h"
+
 #include <QDebug>
 #include <QMap>
 #include <QSettings>
@@ -13,7 +15,7 @@ const char langKey[] = "Lang";
 
 QLocale defaultAppLocale()
 {
-    return QLocale(QLocale::English, QLocale::AnyCountry);
+    return anyTerritoryLocale(QLocale::English);
 }
 
 // Chinese and English are not rows: the fallback in localePackName() names

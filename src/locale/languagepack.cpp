@@ -92,7 +92,8 @@ void freshLanguage(const QString &fileName)
     // Installed even when loading fails: an empty translator is harmless and
     // keeps "one translator of ours is installed" true after every call.
     state.translator = new QTranslator;
-    state.translator->load(languageFileNameToPath(name));
+    const bool loaded = state.translator->load(languageFileNameToPath(name));
+    Q_UNUSED(loaded)
     QCoreApplication::installTranslator(state.translator);
 
     state.lastRequested = fileName;

@@ -1,6 +1,7 @@
 #include "sliceconfig_p.h"
 
 #include "core/ratiopixmaps_p.h"
+#include "core/qtcompat_p.h"
 
 #include <QDebug>
 #include <QJsonArray>
@@ -8,7 +9,7 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QPixmap>
-#include <QRegExp>
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace Orvane {
@@ -19,7 +20,8 @@ namespace {
 // both; anything else leaves the caller's default.
 bool readNumberPair(const QVariant &value, int *first, int *second)
 {
-    const QStringList parts = value.toString().split(QRegExp(QStringLiteral("[, ]")), Qt::SkipEmptyParts);
+    static const QRegularExpression separator(QStringLiteral("[, ]"));
+    const QStringList parts = value.toString().split(separator, Qt::SkipEmptyParts);
     if (parts.size() != 2)
         return false;
     *first = parts.at(0).toInt(nullptr, 10);
@@ -27,9 +29,25 @@ bool readNumberPair(const QVariant &value, int *first, int *second)
     return true;
 }
 
+// The names as Qt 5's QDebug writes a string list, ("a", "b"); Qt 6 would
+// write QList("a", "b"), and the debug line keeps one form under both.
+QString debugList(const QStringList &names)
+{
+    QString text;
+    QDebug out(&text);
+    out.nospace() << '(';
+    for (int i = 0; i < names.size(); ++i) {
+        if (i > 0)
+            out << ", ";
+        out << names.at(i);
+    }
+    out << ')';
+    return text;
+}
+
 int clampCoordinate(qint64 value)
 {
-    return int(qBound<qint64>(-maxSliceCoordinate, value, maxSliceCoordinate));
+    return int(qBound(-qint64(maxSliceCoordinate), value, qint64(maxSliceCoordinate)));
 }
 
 } // namespace
@@ -46,18 +64,28 @@ bool readSliceConfig(SliceManager &manager, const QByteArray &json)
         // On a scaled screen a "@2x" twin of the sheet is taken when the host
         // ships one.
         const QString path = QStringLiteral(":/") + entry.value(QStringLiteral("filename")).toString();
-        manager.m_images.append(loadPixmapForRatio(path, applicationPixelRatio()));
-        // QList keeps each QPixmap in its own heap node, so this address
-        // survives later appends.
-        QPixmap *sheet = &manager.m_images.last();
+        manager.m_images.push_back(loadPixmapForRatio(path, applicationPixelRatio()));
+        // A deque never moves its elements when it grows at the end, so this
+        // address survives later sheets.
+        QPixmap *sheet = &manager.m_images.back();
 
-        const QVariantList groups = entry.value(QStringLiteral("slices")).toList();
+        const QVariantList groups = jsonList(entry.value(QStringLiteral("slices")));
         for (const QVariant &group : groups)
-            manager.parseFileNode(group.toMap(), sheet);
+            manager.parseFileNode(jsonMap(group), sheet);
 
-        qDebug() << "slices: " << manager.m_slices.keys();
+        qDebug().noquote() << "slices: " << debugList(manager.m_slices.keys());
     }
     return true;
+}
+
+QVariantList jsonList(const QVariant &value)
+{
+    return variantTypeId(value) == QMetaType::QVariantList ? value.toList() : QVariantList();
+}
+
+QVariantMap jsonMap(const QVariant &value)
+{
+    return variantTypeId(value) == QMetaType::QVariantMap ? value.toMap() : QVariantMap();
 }
 
 SliceMethod parseSliceMethod(const QVariantMap &method)

@@ -24,6 +24,12 @@ bool readSliceConfig(SliceManager &manager, const QByteArray &json);
 // fields keep their zero defaults.
 SliceMethod parseSliceMethod(const QVariantMap &method);
 
+// A JSON array or object of the file as a list or map; any other value gives
+// an empty one, under both Qts (Qt 6 would turn a text into the list of its
+// characters).
+QVariantList jsonList(const QVariant &value);
+QVariantMap jsonMap(const QVariant &value);
+
 // The rectangle of slice `index` of a group laid out by `method`: the null
 // rectangle when there is no layout. Coordinates and sizes are clamped to
 // +/- maxSliceCoordinate so that no rectangle arithmetic overflows.

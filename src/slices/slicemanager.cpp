@@ -58,8 +58,8 @@ bool SliceManager::loadConfig()
 void SliceManager::parseFileNode(const QVariantMap &group, QPixmap *sheet)
 {
     const QString prefix = group.value(QStringLiteral("prefix")).toString();
-    const SliceMethod method = parseSliceMethod(group.value(QStringLiteral("method")).toMap());
-    const QVariantList items = group.value(QStringLiteral("items")).toList();
+    const SliceMethod method = parseSliceMethod(jsonMap(group.value(QStringLiteral("method"))));
+    const QVariantList items = jsonList(group.value(QStringLiteral("items")));
     for (int i = 0; i < items.size(); ++i) {
         Slice entry;
         entry.image = sheet;

@@ -14,9 +14,9 @@
 // independent catalogue that reads the file again. GUI thread only.
 //
 // The catalogue owns the sheets (m_images) and the cut pixmaps (m_cache);
-// every Slice in m_slices points at an element of m_images. Those addresses
-// stay stable while the list grows, as long as the list is never copied and
-// then written to (a detach moves its elements).
+// every Slice in m_slices points at an element of m_images. The sheets are a
+// std::deque, whose elements never move when it grows at the end (under Qt 6
+// a QList is a plain vector and would move them).
 //
 // Scaled screens: a host may ship "sheet@2x.png", drawn at twice the size,
 // beside "sheet.png" (for a sheet named without an extension, "sheet@2x").
@@ -43,7 +43,6 @@
 #include <Orvane/slice.h>
 
 #include <QImage>
-#include <QList>
 #include <QMap>
 #include <QObject>
 #include <QPixmap>
@@ -51,6 +50,8 @@
 #include <QString>
 #include <QVariantMap>
 #include <QVector>
+
+#include <deque>
 
 class QByteArray;
 
@@ -102,7 +103,7 @@ protected:
     void parseFileNode(const QVariantMap &group, QPixmap *sheet);
 
     QMap<QString, Slice> m_slices;
-    QList<QPixmap> m_images;
+    std::deque<QPixmap> m_images;
     QMap<QString, QPixmap> m_cache;
 
 private:

@@ -3,6 +3,7 @@
 #include <Orvane/helpers.h>
 
 #include "cachedshadoweffect_p.h"
+#include "core/qtcompat_p.h"
 
 #include <QGraphicsDropShadowEffect>
 #include <QLabel>
@@ -498,7 +499,7 @@ void ImageButton::mouseMoveEvent(QMouseEvent *e)
 {
     QAbstractButton::mouseMoveEvent(e);
     const QSize frame = frameSize();
-    const bool inside = QRectF(0, 0, frame.width(), frame.height()).contains(e->localPos());
+    const bool inside = QRectF(0, 0, frame.width(), frame.height()).contains(mouseLocalPosition(e));
     if (inside && !hovered) {
         hovered = true;
         emit mouseMoveIn();
@@ -510,7 +511,7 @@ void ImageButton::mouseMoveEvent(QMouseEvent *e)
     }
 }
 
-void ImageButton::enterEvent(QEvent *e)
+void ImageButton::enterEvent(EnterEvent *e)
 {
     QAbstractButton::enterEvent(e);
     hovered = true;

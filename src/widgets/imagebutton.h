@@ -44,6 +44,7 @@
 #include <QString>
 #include <QVector>
 
+class QEnterEvent;
 class QLabel;
 class QPainter;
 
@@ -139,7 +140,13 @@ protected:
     void mousePressEvent(QMouseEvent *e) override;
     void mouseReleaseEvent(QMouseEvent *e) override;
     void mouseMoveEvent(QMouseEvent *e) override;
-    void enterEvent(QEvent *e) override;
+    // Qt 6 hands the enter event over as a QEnterEvent.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    using EnterEvent = QEnterEvent;
+#else
+    using EnterEvent = QEvent;
+#endif
+    void enterEvent(EnterEvent *e) override;
     void leaveEvent(QEvent *e) override;
     void paintEvent(QPaintEvent *e) override;
     void changeEvent(QEvent *e) override;

@@ -31,7 +31,7 @@ struct ORVANE_EXPORT ShadowEffect
     {
         if (color_) {
             color = QColor(QLatin1String(color_));
-            color.setAlphaF(static_cast<double>(alpha));
+            color.setAlphaF(alpha);
         }
     }
 

@@ -62,7 +62,10 @@ int main(int argc, char *argv[])
 
     qInstallMessageHandler(nullptr);
     QTextStream out(stdout);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    // Qt 6 streams write UTF-8 already.
     out.setCodec("UTF-8");
+#endif
     for (auto it = result.cbegin(); it != result.cend(); ++it)
         out << it.key() << '=' << it.value() << '\n';
     for (const QString &line : log)

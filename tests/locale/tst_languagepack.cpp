@@ -260,7 +260,9 @@ void tst_LanguagePack::emptyAfterGermanLoadsTheSystemPack()
 
     // The system pack's own translation of "OK", or "OK" where it has none.
     QTranslator expected;
-    expected.load(Orvane::languageFileNameToPath(systemPack()));
+    // Every pack but English has a file.
+    QCOMPARE(expected.load(Orvane::languageFileNameToPath(systemPack())),
+             systemPack() != QStringLiteral("English"));
     const QString ok = expected.translate("Orvane::OMessageBox", "OK");
     QCOMPARE(translatedOk(), ok.isEmpty() ? QStringLiteral("OK") : ok);
     QCOMPARE(installedLibraryTranslators(), 1);

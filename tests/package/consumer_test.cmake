@@ -1,32 +1,9 @@
 # Installs the build into a private prefix, builds examples/consumer against
 # that prefix only, and runs it.
+#   -DBUILD_DIR= -DPACKAGE=Orvane|Orvane6 -DQT_MAJOR=5|6 -DCONSUMER_SOURCE= -DWORK_DIR=
+include("${CMAKE_CURRENT_LIST_DIR}/package_helpers.cmake")
 set(prefix "${WORK_DIR}/prefix")
-set(build "${WORK_DIR}/build")
 file(REMOVE_RECURSE "${WORK_DIR}")
 
-function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
-    if(NOT rc EQUAL 0)
-        message(FATAL_ERROR "failed (${rc}): ${ARGN}\n${out}\n${err}")
-    endif()
-    set(last_output "${out}" PARENT_SCOPE)
-endfunction()
-
-run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}")
-foreach(f include/Orvane/Orvane.h include/Orvane/orvane_export.h
-          lib/cmake/Orvane/OrvaneConfig.cmake lib/cmake/Orvane/OrvaneConfigVersion.cmake
-          lib/cmake/Orvane/OrvaneTargets.cmake)
-    if(NOT EXISTS "${prefix}/${f}")
-        message(FATAL_ERROR "not installed: ${f}")
-    endif()
-endforeach()
-
-run("${CMAKE_COMMAND}" -S "${CONSUMER_SOURCE}" -B "${build}" -G "${CMAKE_GENERATOR}"
-    "-DCMAKE_PREFIX_PATH=${prefix}" -DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF)
-run("${CMAKE_COMMAND}" --build "${build}")
-find_program(consumer NAMES orvane-consumer PATHS "${build}" NO_DEFAULT_PATH REQUIRED)
-run("${consumer}")
-if(NOT last_output MATCHES "Orvane 1\\.0\\.0\\([^)]*\\)")
-    message(FATAL_ERROR "unexpected consumer output: ${last_output}")
-endif()
-message(STATUS "consumer said: ${last_output}")
+orvane_install_package("${BUILD_DIR}" "${prefix}" ${PACKAGE})
+orvane_check_consumer("${prefix}" ${PACKAGE} ${QT_MAJOR} "${WORK_DIR}/build")

@@ -33,9 +33,9 @@ public:
     int sheetIndexOf(const QString &name) const
     {
         const QPixmap *sheet = m_slices.value(name).image;
-        for (int i = 0; i < m_images.size(); ++i)
+        for (size_t i = 0; i < m_images.size(); ++i)
             if (&m_images.at(i) == sheet)
-                return i;
+                return int(i);
         return -1;
     }
 };

@@ -83,7 +83,7 @@ void tst_SliceConfig::missingFileGivesFalse()
     TestCatalogue catalogue;
     QVERIFY(!catalogue.loadConfig());
     QVERIFY(catalogue.m_slices.isEmpty());
-    QVERIFY(catalogue.m_images.isEmpty());
+    QVERIFY(catalogue.m_images.empty());
     QVERIFY(catalogue.m_cache.isEmpty());
 }
 
@@ -117,7 +117,7 @@ void tst_SliceConfig::topLevel()
 
     TestCatalogue catalogue;
     QCOMPARE(readQuietly(catalogue, json), result);
-    QCOMPARE(catalogue.m_images.size(), sheets);
+    QCOMPARE(int(catalogue.m_images.size()), sheets);
     QVERIFY(catalogue.m_slices.isEmpty());
 }
 
@@ -353,7 +353,7 @@ void tst_SliceConfig::wrongTypes()
 
     TestCatalogue catalogue;
     QVERIFY(readQuietly(catalogue, json));
-    QCOMPARE(catalogue.m_images.size(), sheets);
+    QCOMPARE(int(catalogue.m_images.size()), sheets);
     QCOMPARE(catalogue.m_slices.keys(), names);
     QVERIFY(catalogue.slicesPointIntoSheets());
     cutEverything(catalogue);
@@ -429,10 +429,10 @@ void tst_SliceConfig::missingSheet()
 
     TestCatalogue catalogue;
     QVERIFY(readQuietly(catalogue, "[{" + entry + "}]"));
-    QCOMPARE(catalogue.m_images.size(), 1);
-    QVERIFY(catalogue.m_images.first().isNull());
+    QCOMPARE(int(catalogue.m_images.size()), 1);
+    QVERIFY(catalogue.m_images.front().isNull());
     QCOMPARE(catalogue.m_slices.keys(), QStringList({"a", "b"}));
-    QCOMPARE(catalogue.m_slices.value("a").image, &catalogue.m_images.first());
+    QCOMPARE(catalogue.m_slices.value("a").image, &catalogue.m_images.front());
 
     const DebugLines quiet;
     QVERIFY(catalogue.slice("a").isNull());
@@ -454,9 +454,9 @@ void tst_SliceConfig::sheetAddressesStayStable()
 
     TestCatalogue catalogue;
     QVERIFY(readQuietly(catalogue, json));
-    QCOMPARE(catalogue.m_images.size(), entries);
+    QCOMPARE(int(catalogue.m_images.size()), entries);
     for (int i = 0; i < entries; ++i)
-        QCOMPARE(catalogue.m_slices.value("n" + QString::number(i)).image, &catalogue.m_images.at(i));
+        QCOMPARE(catalogue.m_slices.value("n" + QString::number(i)).image, &catalogue.m_images.at(size_t(i)));
 
     const DebugLines quiet;
     QCOMPARE(QColor(catalogue.slice("n0").toImage().pixel(5, 6)), coordinateColour(5, 6));
@@ -488,7 +488,7 @@ void tst_SliceConfig::readingAgainAppends()
     QVERIFY(!first.isNull());
 
     QVERIFY(Orvane::readSliceConfig(catalogue, json));
-    QCOMPARE(catalogue.m_images.size(), 4);
+    QCOMPARE(int(catalogue.m_images.size()), 4);
     QCOMPARE(catalogue.m_slices.keys(), QStringList({"a", "b"}));
     QCOMPARE(catalogue.sheetIndexOf("a"), 2);
     QCOMPARE(catalogue.sheetIndexOf("b"), 3);
@@ -549,7 +549,7 @@ void tst_SliceConfig::deepNesting()
     for (const QByteArray &json : {arrays, objects, inGroup}) {
         TestCatalogue catalogue;
         QVERIFY(!readQuietly(catalogue, json));
-        QVERIFY(catalogue.m_images.isEmpty());
+        QVERIFY(catalogue.m_images.empty());
     }
 }
 

@@ -96,7 +96,7 @@ void tst_SliceManager::readsTheHostFile()
     TestCatalogue catalogue;
     QCOMPARE(catalogue.m_slices.keys(),
              QStringList({"col_a", "col_b", "col_c", "ghost", "nofile", "p_a", "p_b", "p_c", "twice", "whole"}));
-    QCOMPARE(catalogue.m_images.size(), 4);
+    QCOMPARE(int(catalogue.m_images.size()), 4);
     QCOMPARE(catalogue.m_images.at(0).size(), QSize(128, 96));
     QCOMPARE(catalogue.m_images.at(1).size(), QSize(32, 32));
     QVERIFY(catalogue.m_images.at(2).isNull());
@@ -117,7 +117,7 @@ void tst_SliceManager::readingAgainAppends()
     TestCatalogue catalogue;
     const QPixmap before = catalogue.slice("p_a");
     QVERIFY(catalogue.loadConfig());
-    QCOMPARE(catalogue.m_images.size(), 8);
+    QCOMPARE(int(catalogue.m_images.size()), 8);
     QCOMPARE(catalogue.m_slices.size(), 10);
     QCOMPARE(catalogue.sheetIndexOf("p_a"), 4);
     QCOMPARE(catalogue.sheetIndexOf("twice"), 5);
@@ -133,7 +133,7 @@ void tst_SliceManager::missingFileGivesFalse()
         const DebugLines lines;
         TestCatalogue catalogue;
         QVERIFY(catalogue.m_slices.isEmpty());
-        QVERIFY(catalogue.m_images.isEmpty());
+        QVERIFY(catalogue.m_images.empty());
         QVERIFY(!catalogue.loadConfig());
         QVERIFY(catalogue.slice("p_a").isNull());
         QVERIFY(catalogue.m_cache.isEmpty());
