@@ -121,6 +121,10 @@ public:
         auto *box = new Orvane::OMessageBox(icon(), buttonTexts(), m_text->text(), m_heading->text(),
                                             m_default->value(), m_check->text(), checkedCallback());
         box->show();
+        // Qt makes a new window at most two thirds of its screen high, and
+        // the offscreen screen is 800 by 600 device pixels, 300 high at
+        // 200 %: give the box its natural height, as a real screen does.
+        box->resize(box->width(), qMax(box->height(), box->heightForWidth(box->width())));
         // The box centres itself on show; move it down as a user would, so
         // the returned position stays in sight.
         box->move(box->pos() + QPoint(0, 170));

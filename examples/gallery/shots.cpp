@@ -81,7 +81,14 @@ QImage composeScreen(QWidget *mainWindow)
             continue;
         const QImage picture = w->grab().toImage().convertToFormat(QImage::Format_ARGB32);
         const QRect place = w->geometry().translated(-origin);
-        const QRect panel = opaqueRect(picture).translated(place.topLeft());
+        // The picture counts device pixels; places are device-independent.
+        const qreal ratio = picture.devicePixelRatioF();
+        const QRect found = opaqueRect(picture);
+        const QRect panel = found.isNull() ? QRect()
+                                           : QRectF(found.x() / ratio, found.y() / ratio, found.width() / ratio,
+                                                    found.height() / ratio)
+                                                 .toAlignedRect()
+                                                 .translated(place.topLeft());
         if (panel.isNull())
             continue;
         if (w->windowFlags() & Qt::FramelessWindowHint) {

@@ -35,7 +35,8 @@ QWidget *picture(const QPixmap &pixmap, const QString &text, const QString &back
         image->setStyleSheet(QStringLiteral("border:1px dashed #B0B3C2; color:#9A9DAA; border-radius:4px;"));
     } else {
         image->setPixmap(pixmap);
-        image->setMinimumSize(pixmap.size() + QSize(8, 8));
+        // A slice cut from a @2x sheet counts twice the pixels for its size.
+        image->setMinimumSize((QSizeF(pixmap.size()) / pixmap.devicePixelRatioF()).toSize() + QSize(8, 8));
         if (!background.isEmpty())
             image->setStyleSheet(QStringLiteral("background:%1; border-radius:6px;").arg(background));
     }
@@ -91,8 +92,11 @@ public:
                     const QString name = prefix + item.toString();
                     QPixmap cut = slices.slice(name);
                     // The banner is a whole sheet; it is shown smaller to leave room.
-                    if (cut.width() > 200)
+                    const qreal ratio = cut.devicePixelRatioF();
+                    if (cut.width() / ratio > 200) {
                         cut = cut.scaledToWidth(cut.width() * 3 / 4, Qt::SmoothTransformation);
+                        cut.setDevicePixelRatio(ratio);
+                    }
                     strip->addWidget(picture(cut, name, dark ? themed(QStringLiteral("@darkPanel@")) : QString()));
                 }
                 strip->addStretch();

@@ -62,12 +62,17 @@ ORVANE_EXPORT void moveToCenterOfWindow(QWidget *widget);
 ORVANE_EXPORT void openWebURL(const QString &url);
 
 // Replaces the colour of every visible pixel of `pixmap` by `colorName` and
-// keeps its alpha channel. An empty name leaves the pixmap untouched; a name
-// QColor cannot parse fills with what QColor makes of it (no check).
+// keeps its alpha channel and its device pixel ratio. An empty name leaves
+// the pixmap untouched; a name QColor cannot parse fills with what QColor
+// makes of it (no check).
 ORVANE_EXPORT void pixmapTintColor(QPixmap &pixmap, const QString &colorName);
 
 // QPixmap(path), tinted as pixmapTintColor() does when it is not null and
-// `colorName` is not empty. A missing file gives a null pixmap.
+// `colorName` is not empty. A missing file gives a null pixmap. When the
+// application draws at a device pixel ratio above 1 (a screen scaled to
+// 125 % or more, with Qt::AA_EnableHighDpiScaling) and "name@2x.png" lies
+// beside "name.png", that twin is loaded instead, with device pixel ratio 2:
+// the same size in device-independent pixels, drawn sharp.
 ORVANE_EXPORT QPixmap loadImageWithTintColor(const QString &path, const QString &colorName);
 
 // QDir::cleanPath(base + separator + tail): "C:/a/" and "b" give "C:/a/b",
@@ -79,7 +84,10 @@ ORVANE_EXPORT QString smartAppendPath(const QString &base, const QString &tail);
 // the middle in both directions. The source middle is at least one pixel.
 // Zero margins, or a target smaller than the margins, draw the whole pixmap
 // scaled; a zero margin drops its own corner and edge pieces. An empty or
-// negative size draws nothing; a negative margin counts as 0.
+// negative size draws nothing; a negative margin counts as 0. Size and
+// margins are device-independent pixels: a @2x pixmap (device pixel ratio 2)
+// with margins 12 keeps 24 of its own pixels in each corner, which look like
+// the 12-pixel corners of its 1x twin.
 ORVANE_EXPORT void drawStretchedImage(QPainter &painter, const QSize &size, const QPixmap &pixmap,
                                       const QMargins &margins);
 

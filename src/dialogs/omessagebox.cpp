@@ -4,9 +4,13 @@
 #include <Orvane/helpers.h>
 #include <Orvane/slicemanager.h>
 
+#include "core/helpers_p.h"
+#include "dialogs/dialogskinstyle_p.h"
+#include "core/ratiopixmaps_p.h"
 #include "widgets/cachedshadoweffect_p.h"
 
 #include <QCheckBox>
+#include <QCursor>
 #include <QDebug>
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -20,42 +24,37 @@ namespace Orvane {
 
 namespace {
 
-// The same in every skin.
-const char messageStyle[] = "QLabel {     font: 14px; color: #333333;}";
-const char checkBoxStyle[] =
-    "QCheckBox {\n    spacing: 10px;    font: 12px; color:#666666;\n}\n\n"
-    "QCheckBox::indicator {\n    width: 16px;\n    height: 16px;\n}\n\n"
-    "QCheckBox::indicator:unchecked {\n    image: url(:/Orvane/checkbox_0);\n}\n\n"
-    "QCheckBox::indicator:checked {\n    image: url(:/Orvane/checkbox_1);\n}";
-
 const Qt::WindowFlags tipsFlags =
     Qt::Dialog | Qt::WindowTitleHint | Qt::CustomizeWindowHint | Qt::WindowCloseButtonHint;
 
-// A library picture recoloured to `tint`, made once per picture and colour:
-// every box of a kind shows the same pixels, so they are shared. Kept until
-// the process ends.
-QPixmap tintedPicture(const QString &path, const QString &tint)
+// A library picture recoloured to `tint`, made once per picture, colour and
+// picture ratio (1x, or the @2x twin for scaled screens): every box of a
+// kind on screens of one kind shows the same pixels, so they are shared.
+// Kept until the process ends.
+QPixmap tintedPicture(const QString &path, const QString &tint, qreal ratio)
 {
     static auto *made = new QHash<QString, QPixmap>;
-    const QString key = tint + QLatin1Char('|') + path;
+    const int pictureScale = pictureRatio(ratio);
+    const QString key = tint + QLatin1Char('|') + QString::number(pictureScale) + QLatin1Char('|') + path;
     const auto found = made->constFind(key);
     if (found != made->constEnd())
         return *found;
-    const QPixmap pixmap = loadImageWithTintColor(path, tint);
+    QPixmap pixmap = loadPixmapForRatio(path, ratio);
+    pixmapTintColor(pixmap, tint);
     made->insert(key, pixmap);
     return pixmap;
 }
 
-QPixmap iconPicture(MessageBoxIconType icon, const QString &tint)
+QPixmap iconPicture(MessageBoxIconType icon, const QString &tint, qreal ratio)
 {
     switch (icon) {
     case AppIcon:
         return SliceManager::appIcon();
     case Attention:
     case Warning:
-        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsAttention.png"), tint);
+        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsAttention.png"), tint, ratio);
     case Success:
-        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsSuccess.png"), tint);
+        return tintedPicture(QStringLiteral(":/Orvane/kv_TipsSuccess.png"), tint, ratio);
     }
     return QPixmap();
 }
@@ -79,7 +78,8 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
     setAttribute(Qt::WA_DeleteOnClose);
     m_onChecked = std::move(onChecked);
 
-    const DialogSkinStyle style = dialogSkinStyle(currentDialogSkin());
+    const int skin = currentDialogSkin();
+    const DialogSkinStyle style = dialogSkinStyle(skin);
 
     // Every widget is made on the content widget, where the layouts put it
     // anyway, so nothing is reparented (and re-polished) afterwards.
@@ -95,9 +95,17 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
     iconLabel->setObjectName(QStringLiteral("icon"));
     iconLabel->setFixedSize(48, 48);
     iconLabel->setScaledContents(true);
-    const QPixmap picture = iconPicture(icon, style.iconTint);
+    const QPixmap picture = iconPicture(icon, style.iconTint, devicePixelRatioF());
     if (!picture.isNull())
         iconLabel->setPixmap(picture);
+    // On a screen of another scale the picture of that ratio is shown.
+    if (icon != AppIcon && !picture.isNull()) {
+        new RatioWatcher(this, [iconLabel, icon, tint = style.iconTint](qreal ratio) {
+            const QPixmap shown = iconLabel->pixmap(Qt::ReturnByValue);
+            if (shown.devicePixelRatioF() != pictureRatio(ratio))
+                iconLabel->setPixmap(iconPicture(icon, tint, ratio));
+        });
+    }
     topRow->addWidget(iconLabel, 0, Qt::AlignTop);
     topRow->addSpacing(25);
 
@@ -118,7 +126,7 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
         auto *messageLabel = new QLabel(text + QLatin1Char('\n'), content);
         messageLabel->setObjectName(QStringLiteral("message"));
         messageLabel->setWordWrap(true);
-        messageLabel->setStyleSheet(QLatin1String(messageStyle));
+        messageLabel->setStyleSheet(messageTextStyle(skin));
         textColumn->addWidget(messageLabel);
     }
     if (!checkText.isEmpty()) {
@@ -126,7 +134,7 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
         textColumn->addLayout(checkRow);
         auto *checkBox = new QCheckBox(checkText, content);
         checkBox->setObjectName(QStringLiteral("check"));
-        checkBox->setStyleSheet(QLatin1String(checkBoxStyle));
+        checkBox->setStyleSheet(checkBoxStyle(skin));
         checkRow->addWidget(checkBox);
         if (m_onChecked) {
             connect(checkBox, &QCheckBox::stateChanged, checkBox,
@@ -158,11 +166,15 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
         buttonRow->addWidget(button);
     }
 
-    auto *shadow = new CachedShadowEffect(this);
-    shadow->setOffset(0, 0);
-    shadow->setBlurRadius(30.0);
-    shadow->setColor(QColor(92, 93, 102, 51));
-    setGraphicsEffect(shadow);
+    // The shadow lives in the transparent band; an opaque panel (no
+    // compositor) has neither.
+    if (testAttribute(Qt::WA_TranslucentBackground)) {
+        auto *shadow = new CachedShadowEffect(this);
+        shadow->setOffset(0, 0);
+        shadow->setBlurRadius(30.0);
+        shadow->setColor(QColor(92, 93, 102, 51));
+        setGraphicsEffect(shadow);
+    }
     updateGeometry();
 }
 
@@ -170,6 +182,15 @@ OMessageBox::~OMessageBox()
 {
     qDebug("~OMessageBox");
     m_onChecked = nullptr;
+}
+
+void OMessageBox::showEvent(QShowEvent *event)
+{
+    BarDialog::showEvent(event);
+    // With no main window to centre over, the box comes up where the user
+    // looks: centred on the screen under the pointer.
+    if (!findMainWindow())
+        centreOnScreenAt(this, QCursor::pos());
 }
 
 int OMessageBox::popupTips(MessageBoxIconType icon, const QString &text, const QString &heading)

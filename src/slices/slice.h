@@ -23,7 +23,9 @@ struct ORVANE_EXPORT Slice
 
     // A null pixmap when there is no sheet, else the sheet's copy of rect
     // (QPixmap::copy rules: an empty rectangle copies the whole sheet, any
-    // other is clipped to it).
+    // other is clipped to it). The rectangle counts the 1x sheet's pixels:
+    // on a sheet with a device pixel ratio (a "@2x" sheet) it is scaled by
+    // that ratio and the cut carries the same ratio.
     QPixmap slice() const;
 };
 

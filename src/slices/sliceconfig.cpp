@@ -1,6 +1,7 @@
 #include "sliceconfig_p.h"
 
 #include "core/qtcompat_p.h"
+#include "core/ratiopixmaps_p.h"
 
 #include <QDebug>
 #include <QJsonArray>
@@ -60,7 +61,10 @@ bool readSliceConfig(SliceManager &manager, const QByteArray &json)
     const QJsonArray entries = document.array();
     for (const QJsonValue &value : entries) {
         const QVariantMap entry = value.toObject().toVariantMap();
-        manager.m_images.emplace_back(QStringLiteral(":/") + entry.value(QStringLiteral("filename")).toString());
+        // On a scaled screen a "@2x" twin of the sheet is taken when the host
+        // ships one.
+        const QString path = QStringLiteral(":/") + entry.value(QStringLiteral("filename")).toString();
+        manager.m_images.push_back(loadPixmapForRatio(path, applicationPixelRatio()));
         // A deque never moves its elements when it grows at the end, so this
         // address survives later sheets.
         QPixmap *sheet = &manager.m_images.back();

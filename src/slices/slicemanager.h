@@ -18,6 +18,17 @@
 // std::deque, whose elements never move when it grows at the end (under Qt 6
 // a QList is a plain vector and would move them).
 //
+// Scaled screens: a host may ship "sheet@2x.png", drawn at twice the size,
+// beside "sheet.png" (for a sheet named without an extension, "sheet@2x").
+// When the application draws at a device pixel ratio above 1 as the
+// catalogue is constructed (125 % and up, with Qt::AA_EnableHighDpiScaling
+// set before the QApplication), the catalogue decodes the twin instead, with
+// device pixel ratio 2. ":/slices.json" keeps its 1x coordinates for both:
+// each slice's rectangle is scaled by the sheet's ratio when it is cut, and
+// the slice comes back with that ratio, so it has the same size in
+// device-independent pixels as from the 1x sheet. Without a twin, or at
+// ratio 1, the plain sheet is used as before.
+//
 // Decisions of ours:
 // - The members and parseFileNode() are protected, so that a subclass can
 //   inspect or extend the catalogue; nothing else is reachable.

@@ -14,7 +14,10 @@ QPixmap rotatedFrame(const QPixmap &source, qreal degrees)
         return QPixmap();
     const int w = source.width();
     const int h = source.height();
-    const QPixmap turned = source.transformed(QTransform().rotate(degrees), Qt::SmoothTransformation);
+    // Turned and cut in the source's own pixels: a @2x picture stays sharp,
+    // and its ratio is put back on the frame.
+    QPixmap turned = source.transformed(QTransform().rotate(degrees), Qt::SmoothTransformation);
+    turned.setDevicePixelRatio(1.0);
     // Whole-number halves truncate toward zero, as the frame's centre is
     // defined; they are negative only where the turned picture is narrower.
     const QRect part((turned.width() - w) / 2, (turned.height() - h) / 2, w, h);

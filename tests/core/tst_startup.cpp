@@ -29,6 +29,7 @@ private Q_SLOTS:
     void ensureRegistersOnce();
     void everyListedImageIsInTheBundle_data();
     void everyListedImageIsInTheBundle();
+    void exactlyTheseImagesEachWithItsTwin();
     void exactlyFifteenLanguagePacks();
     void languagePackLoadsIntoTranslator();
     void slicesFileIsNotInEitherBundle();
@@ -77,31 +78,69 @@ void tst_Startup::ensureRegistersOnce()
     QVERIFY(languagesPresent());
 }
 
+// The picture for scaled screens: "@2x" before the extension, or at the end
+// of a name without one, where Qt looks for it.
+static QString twinOf(const QString &path)
+{
+    const int dot = path.lastIndexOf(QLatin1Char('.'));
+    return dot < 0 ? path + QLatin1String("@2x") : QString(path).insert(dot, QLatin1String("@2x"));
+}
+
 void tst_Startup::everyListedImageIsInTheBundle_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QSize>("size");
-    QTest::newRow("dark close") << ":/Orvane/kv_DlgCloseBtn.png" << QSize(24, 24);
-    QTest::newRow("dark close hover") << ":/Orvane/kv_DlgCloseBtn_hover.png" << QSize(24, 24);
-    QTest::newRow("light close") << ":/Orvane/qm_DlgCloseBtn.png" << QSize(24, 24);
-    QTest::newRow("dark attention") << ":/Orvane/kv_TipsAttention.png" << QSize(48, 48);
-    QTest::newRow("dark success") << ":/Orvane/kv_TipsSuccess.png" << QSize(48, 48);
-    QTest::newRow("light attention") << ":/Orvane/qm_TipsAttention.png" << QSize(48, 48);
-    QTest::newRow("light success") << ":/Orvane/qm_TipsSuccess.png" << QSize(48, 48);
-    QTest::newRow("check box off") << ":/Orvane/checkbox_0" << QSize(16, 16);
-    QTest::newRow("check box on") << ":/Orvane/checkbox_1" << QSize(16, 16);
-    QTest::newRow("dark spinner") << ":/Orvane/kv_Loading.png" << QSize(32, 32);
-    QTest::newRow("light spinner") << ":/Orvane/qm_Loading.png" << QSize(32, 32);
+    QTest::addColumn<qreal>("ratio");
+    const struct {
+        const char *row;
+        const char *path;
+        int side;
+    } images[] = {
+        {"dark close", ":/Orvane/kv_DlgCloseBtn.png", 24},
+        {"dark close hover", ":/Orvane/kv_DlgCloseBtn_hover.png", 24},
+        {"light close", ":/Orvane/qm_DlgCloseBtn.png", 24},
+        {"dark attention", ":/Orvane/kv_TipsAttention.png", 48},
+        {"dark success", ":/Orvane/kv_TipsSuccess.png", 48},
+        {"light attention", ":/Orvane/qm_TipsAttention.png", 48},
+        {"light success", ":/Orvane/qm_TipsSuccess.png", 48},
+        {"check box off", ":/Orvane/checkbox_0", 16},
+        {"check box on", ":/Orvane/checkbox_1", 16},
+        {"dark spinner", ":/Orvane/kv_Loading.png", 32},
+        {"light spinner", ":/Orvane/qm_Loading.png", 32},
+    };
+    for (const auto &image : images) {
+        const QString path = QLatin1String(image.path);
+        QTest::newRow(image.row) << path << QSize(image.side, image.side) << qreal(1);
+        QTest::newRow(qPrintable(QLatin1String(image.row) + QLatin1String(" @2x")))
+            << twinOf(path) << QSize(2 * image.side, 2 * image.side) << qreal(2);
+    }
 }
 
 void tst_Startup::everyListedImageIsInTheBundle()
 {
     QFETCH(QString, path);
     QFETCH(QSize, size);
+    QFETCH(qreal, ratio);
     const QImage image(path);
     QVERIFY2(!image.isNull(), qPrintable(path));
     QCOMPARE(image.size(), size);
     QVERIFY(image.hasAlphaChannel());
+    // Qt reads the ratio from the "@2x" in the name.
+    QCOMPARE(image.devicePixelRatio(), ratio);
+}
+
+void tst_Startup::exactlyTheseImagesEachWithItsTwin()
+{
+    QStringList images;
+    for (const QString &entry : QDir(QStringLiteral(":/Orvane")).entryList(QDir::Files))
+        if (!entry.endsWith(QLatin1String(".qm")))
+            images << entry;
+    QCOMPARE(images.size(), 22);
+    for (const QString &entry : qAsConst(images)) {
+        if (entry.contains(QLatin1String("@2x")))
+            continue;
+        QVERIFY2(images.contains(twinOf(entry)), qPrintable(entry));
+    }
 }
 
 void tst_Startup::exactlyFifteenLanguagePacks()

@@ -10,6 +10,8 @@
 
 #include "widgets/cachedshadoweffect_p.h"
 
+#include "shadowcompare.h"
+
 #include <QApplication>
 #include <QGraphicsDropShadowEffect>
 #include <QPainter>
@@ -20,71 +22,9 @@
 #include <memory>
 
 using namespace Orvane;
+using namespace ShadowCompare;
 
 namespace {
-
-using Factory = QSharedPointer<ImageButtonStyle> (*)();
-
-// A button with room around it for its whole shadow; with `qtShadow` the
-// button carries Qt's plain effect, which the button then drives per state.
-struct Framed
-{
-    Framed(Factory factory, bool qtShadow)
-        : frame(new QWidget)
-    {
-        auto *box = new QVBoxLayout(frame.get());
-        box->setContentsMargins(40, 40, 40, 40);
-        button = new ImageButton(factory(), frame.get());
-        button->setText(QStringLiteral("Shadowed"));
-        if (qtShadow) {
-            button->setGraphicsEffect(new QGraphicsDropShadowEffect(button));
-            button->refresh();
-        }
-        box->addWidget(button);
-        frame->resize(frame->sizeHint());
-    }
-    std::unique_ptr<QWidget> frame;
-    ImageButton *button = nullptr;
-};
-
-// One render of `w` and its children onto a transparent image, through a
-// painter with `transform` (the image grows to hold what it maps to).
-QImage paint(QWidget &w, qreal dpr = 1.0, qreal opacity = 1.0, const QTransform &transform = QTransform())
-{
-    const QRect mapped = transform.mapRect(QRect(QPoint(0, 0), w.size()));
-    const QSize size = QSize(mapped.right() + 1, mapped.bottom() + 1).expandedTo(w.size());
-    QImage image(size * dpr, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(dpr);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setOpacity(opacity);
-    painter.setTransform(transform);
-    w.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
-    painter.end();
-    return image.convertToFormat(QImage::Format_ARGB32);
-}
-
-// Empty when every channel of every pixel is within `tolerance`, else where
-// and by how much the first pixel differs and how many do.
-QString difference(const QImage &ours, const QImage &qts, int tolerance = 2)
-{
-    if (ours.size() != qts.size())
-        return QStringLiteral("sizes differ");
-    int count = 0;
-    QString first;
-    for (int y = 0; y < ours.height(); ++y) {
-        for (int x = 0; x < ours.width(); ++x) {
-            const QRgb a = ours.pixel(x, y);
-            const QRgb b = qts.pixel(x, y);
-            if (qAbs(qRed(a) - qRed(b)) > tolerance || qAbs(qGreen(a) - qGreen(b)) > tolerance
-                || qAbs(qBlue(a) - qBlue(b)) > tolerance || qAbs(qAlpha(a) - qAlpha(b)) > tolerance) {
-                if (count++ == 0)
-                    first = QStringLiteral("(%1, %2): #%3 against Qt's #%4").arg(x).arg(y).arg(a, 8, 16).arg(b, 8, 16);
-            }
-        }
-    }
-    return count ? QStringLiteral("%1 pixels differ, first at %2").arg(count).arg(first) : QString();
-}
 
 // Whether the area under the button shows some shadow at all.
 bool hasShadowBelow(const QImage &image, const QWidget &button)
@@ -681,11 +621,7 @@ void tst_CachedShadowEffect::messageBoxLooksLikeQts()
     OMessageBox *ours = newBox();
     OMessageBox *again = newBox();
     OMessageBox *qts = newBox();
-    auto *plain = new QGraphicsDropShadowEffect(qts);
-    plain->setOffset(0, 0);
-    plain->setBlurRadius(30.0);
-    plain->setColor(QColor(92, 93, 102, 51));
-    qts->setGraphicsEffect(plain);
+    setQtsMessageBoxShadow(qts);
     for (OMessageBox *box : {ours, again, qts}) {
         box->show();
         QVERIFY(QTest::qWaitForWindowExposed(box));
