@@ -6,7 +6,7 @@
 QT ?= 5
 ifeq ($(QT),6)
 QT_SUFFIX = -qt6
-QT_PACKAGES = qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+QT_PACKAGES = qt6-base-dev qt6-base-private-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
 # The Qt 6 suite installs the Qt 5 build beside its own (package_side_by_side).
 QT_EXTRA_CMAKE = -DORVANE_QT5_BUILD_DIR=$(CURDIR)/build
 else ifeq ($(QT),5)

@@ -5,9 +5,9 @@
 #include <Orvane/slicemanager.h>
 #include <Orvane/startup.h>
 
+#include "core/qtcompat_p.h"
 #include "dialogs/dialogplatform_p.h"
 #include "dialogs/dialogskinstyle_p.h"
-#include "core/qtcompat_p.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

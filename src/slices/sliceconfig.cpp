@@ -1,7 +1,7 @@
 #include "sliceconfig_p.h"
 
-#include "core/ratiopixmaps_p.h"
 #include "core/qtcompat_p.h"
+#include "core/ratiopixmaps_p.h"
 
 #include <QDebug>
 #include <QJsonArray>
