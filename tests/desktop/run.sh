@@ -1,0 +1,166 @@
+#!/bin/sh
+# The interaction tests on real desktops (`make test-desktop`).
+#
+#   sh tests/desktop/run.sh <build dir>
+#
+# Starts, each on a free display or socket of its own: Xvfb (one 1920x1080
+# screen; later two side by side with Xinerama), openbox, a private session
+# bus with the accessibility bus, xcompmgr for the compositor cases, and
+# weston's headless backend for Wayland. Every process it starts is stopped
+# by its process id when the script exits. Prints "N passed, M failed" and
+# the wall time; exits non-zero on any failure. Screenshots of both skins,
+# with and without a compositor, go to <build dir>/desktop-shots/.
+set -u
+
+BUILD=$(cd "${1:-build}" && pwd)
+HERE=$(cd "$(dirname "$0")" && pwd)
+BIN="$BUILD/tests/desktop"
+SHOTS="$BUILD/desktop-shots"
+started_at=$(date +%s)
+
+work=$(mktemp -d "${TMPDIR:-/tmp}/orvane-desktop.XXXXXX")
+mkdir -p "$work/home" "$SHOTS"
+chmod 700 "$work"
+pids=""
+passed=0
+failed=0
+failures=""
+
+# Stops one process we started, and any it started itself, by their ids.
+stop_pid() {
+    for child in $(ps -o pid= --ppid "$1" 2>/dev/null); do
+        kill "$child" 2>/dev/null
+    done
+    kill "$1" 2>/dev/null
+    i=0
+    while kill -0 "$1" 2>/dev/null && [ $i -lt 50 ]; do sleep 0.1; i=$((i + 1)); done
+    kill -9 "$1" 2>/dev/null
+    remaining=""
+    for p in $pids; do [ "$p" = "$1" ] || remaining="$remaining $p"; done
+    pids=$remaining
+}
+
+cleanup() {
+    # Newest first: clients before their servers.
+    for p in $(echo $pids | tr ' ' '\n' | tac); do stop_pid "$p"; done
+    rm -rf "$work"
+}
+trap cleanup EXIT
+trap 'exit 130' INT TERM
+
+# Waits up to 10 s for a condition (a shell command).
+wait_for() {
+    i=0
+    while ! eval "$1" >/dev/null 2>&1; do
+        i=$((i + 1))
+        [ $i -gt 100 ] && return 1
+        sleep 0.1
+    done
+}
+
+# start_x <screens>: an Xvfb with that many 1920x1080 screens side by side
+# (Xinerama joins them), on a display number it picks itself; sets DISPLAY.
+start_x() {
+    screens=""
+    n=0
+    while [ $n -lt "$1" ]; do screens="$screens -screen $n 1920x1080x24"; n=$((n + 1)); done
+    rm -f "$work/displayfd"
+    # shellcheck disable=SC2086
+    Xvfb -displayfd 3 $screens +xinerama +extension Composite -nolisten tcp -noreset \
+        3>"$work/displayfd" >"$work/xvfb-$1.log" 2>&1 &
+    xpid=$!
+    pids="$pids $xpid"
+    wait_for "test -s '$work/displayfd'" || { echo "Xvfb did not start"; cat "$work/xvfb-$1.log"; exit 1; }
+    DISPLAY=":$(head -n1 "$work/displayfd")"
+    export DISPLAY
+    wait_for "xdpyinfo" || { echo "Xvfb on $DISPLAY does not answer"; exit 1; }
+    openbox --sm-disable >"$work/openbox-$1.log" 2>&1 &
+    wmpid=$!
+    pids="$pids $wmpid"
+    # openbox owns WM_S0 once it manages the screen.
+    wait_for "xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'" || { echo "openbox did not start"; exit 1; }
+    echo "== Xvfb $DISPLAY with $1 screen(s), openbox"
+}
+
+stop_x() {
+    stop_pid "$wmpid"
+    stop_pid "$xpid"
+}
+
+start_buses() {
+    dbus-daemon --session --fork --print-address=1 --print-pid=1 >"$work/bus" 2>"$work/bus.log" \
+        || { echo "no session bus"; cat "$work/bus.log"; exit 1; }
+    DBUS_SESSION_BUS_ADDRESS=$(sed -n 1p "$work/bus")
+    export DBUS_SESSION_BUS_ADDRESS
+    pids="$pids $(sed -n 2p "$work/bus")"
+    /usr/libexec/at-spi-bus-launcher >"$work/a11y-bus.log" 2>&1 &
+    pids="$pids $!"
+    wait_for "dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus org.a11y.Bus.GetAddress" \
+        || { echo "no accessibility bus"; cat "$work/a11y-bus.log"; exit 1; }
+    /usr/libexec/at-spi2-registryd >"$work/registryd.log" 2>&1 &
+    pids="$pids $!"
+    echo "== session bus and accessibility bus"
+}
+
+start_compositor() {
+    xcompmgr >"$work/xcompmgr.log" 2>&1 &
+    cmpid=$!
+    pids="$pids $cmpid"
+    sleep 0.5
+    echo "== xcompmgr"
+}
+
+# run <name> <command...>: one test; its output is shown when it fails.
+run() {
+    name=$1
+    shift
+    log="$work/$(echo "$name" | tr ' /' '__').log"
+    t0=$(date +%s)
+    if HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_DATA_HOME="$work/home/.local/share" \
+        XDG_CACHE_HOME="$work/home/.cache" ORVANE_DESKTOP_SHOTS="$SHOTS" \
+        timeout 300 "$@" >"$log" 2>&1; then
+        passed=$((passed + 1))
+        echo "PASS  $name ($(($(date +%s) - t0)) s)"
+    else
+        failed=$((failed + 1))
+        failures="$failures
+  $name"
+        echo "FAIL  $name ($(($(date +%s) - t0)) s)"
+        sed 's/^/      /' "$log"
+    fi
+}
+
+export QT_QPA_PLATFORM=xcb
+export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+
+start_x 1
+start_buses
+run "dialogs (X11)" "$BIN/desktop_dialogs"
+
+stop_x
+
+echo "== Wayland (weston, headless backend)"
+mkdir -p "$work/xdg"
+chmod 700 "$work/xdg"
+socket="orvane-desktop-$$"
+XDG_RUNTIME_DIR="$work/xdg" weston --backend=headless-backend.so --socket="$socket" --idle-time=0 \
+    --width=1920 --height=1080 >"$work/weston.log" 2>&1 &
+westonpid=$!
+pids="$pids $westonpid"
+if wait_for "test -S '$work/xdg/$socket'"; then
+    run "dialogs (Wayland)" env -u DISPLAY XDG_RUNTIME_DIR="$work/xdg" WAYLAND_DISPLAY="$socket" \
+        QT_QPA_PLATFORM=wayland "$BIN/desktop_dialogs"
+else
+    failed=$((failed + 1))
+    failures="$failures
+  weston did not start"
+    cat "$work/weston.log"
+fi
+stop_pid "$westonpid"
+
+elapsed=$(($(date +%s) - started_at))
+echo
+[ -n "$failures" ] && echo "Failed:$failures"
+echo "$passed passed, $failed failed"
+echo "Wall time: ${elapsed} s"
+[ "$failed" -eq 0 ]
