@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QPointer>
+#include <QScopedPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -185,7 +186,8 @@ void DesktopDialogsTest::messageBoxDragIsExactFromFirstDrag()
 
 void DesktopDialogsTest::dragInContentMovesNothing()
 {
-    auto *dialog = new BarDialog(m_main, 2);
+    QScopedPointer<BarDialog> owner(new BarDialog(m_main, 2));
+    BarDialog *dialog = owner.data();
     dialog->resize(420, 260);
     dialog->show();
     QVERIFY(waitShown(dialog));
@@ -203,7 +205,6 @@ void DesktopDialogsTest::dragInContentMovesNothing()
     QCOMPARE(dragMoveCount(), 0);
     QCOMPARE(systemMoveCount(), 0);
 #endif
-    delete dialog;
 }
 
 int DesktopDialogsTest::runBox(const QStringList &buttons, const std::function<void(OMessageBox *)> &drive)

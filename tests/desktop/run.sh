@@ -4,7 +4,7 @@
 #   sh tests/desktop/run.sh <build dir>
 #
 # Starts, each on a free display or socket of its own: Xvfb (one 1920x1080
-# screen; later two side by side with Xinerama), openbox, a private session
+# screen), openbox, a private session
 # bus with the accessibility bus, xcompmgr for the compositor cases, and
 # weston's headless backend for Wayland. Every process it starts is stopped
 # by its process id when the script exits. Prints "N passed, M failed" and
@@ -58,8 +58,8 @@ wait_for() {
     done
 }
 
-# start_x <screens>: an Xvfb with that many 1920x1080 screens side by side
-# (Xinerama joins them), on a display number it picks itself; sets DISPLAY.
+# start_x <screens>: an Xvfb with that many 1920x1080 screens, on a display
+# number it picks itself; sets DISPLAY.
 start_x() {
     screens=""
     n=0
@@ -136,7 +136,16 @@ export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 start_x 1
 start_buses
 run "dialogs (X11)" "$BIN/desktop_dialogs"
+# Dialogs follow the compositor's state when they open: without, with, and
+# once more without after it stopped.
+run "band, no compositor" env ORVANE_EXPECT_COMPOSITOR=0 "$BIN/desktop_compositor"
+start_compositor
+run "band, compositor" env ORVANE_EXPECT_COMPOSITOR=1 "$BIN/desktop_compositor"
+stop_pid "$cmpid"
+run "band, compositor stopped" env ORVANE_EXPECT_COMPOSITOR=0 ORVANE_DESKTOP_SHOTS= "$BIN/desktop_compositor"
 
+# The system's Python, which has the AT-SPI bindings from python3-pyatspi.
+run "screen reader (AT-SPI)" /usr/bin/python3 "$HERE/a11y.py" "$BIN/desktop_a11y_host"
 stop_x
 
 echo "== Wayland (weston, headless backend)"
