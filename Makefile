@@ -26,7 +26,7 @@ test: build
 # input under Xvfb and openbox, the accessibility bus, xcompmgr, and weston's
 # headless Wayland backend (see tests/desktop/run.sh). The packages come
 # first: the configure step looks for Xlib and XTest.
-DESKTOP_PACKAGES = xvfb openbox libx11-dev libxtst-dev x11-utils procps dbus dbus-x11 \
+DESKTOP_PACKAGES = xvfb openbox libx11-dev libxtst-dev x11-utils procps dbus dbus-x11 xserver-xorg-core xserver-xorg-video-dummy \
 	at-spi2-core python3-pyatspi xcompmgr weston qtwayland5
 test-desktop:
 	@sh scripts/install-deps.sh $(DESKTOP_PACKAGES)

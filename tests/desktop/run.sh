@@ -4,7 +4,7 @@
 #   sh tests/desktop/run.sh <build dir>
 #
 # Starts, each on a free display or socket of its own: Xvfb (one 1920x1080
-# screen), openbox, a private session
+# screen), X.Org's dummy driver for two screens side by side, openbox, a private session
 # bus with the accessibility bus, xcompmgr for the compositor cases, and
 # weston's headless backend for Wayland. Every process it starts is stopped
 # by its process id when the script exits. Prints "N passed, M failed" and
@@ -59,7 +59,7 @@ wait_for() {
 }
 
 # start_x <screens>: an Xvfb with that many 1920x1080 screens, on a display
-# number it picks itself; sets DISPLAY.
+# number it picks itself, and openbox; sets DISPLAY.
 start_x() {
     screens=""
     n=0
@@ -74,12 +74,33 @@ start_x() {
     DISPLAY=":$(head -n1 "$work/displayfd")"
     export DISPLAY
     wait_for "xdpyinfo" || { echo "Xvfb on $DISPLAY does not answer"; exit 1; }
+    start_wm "$1"
+}
+
+start_wm() {
     openbox --sm-disable >"$work/openbox-$1.log" 2>&1 &
     wmpid=$!
     pids="$pids $wmpid"
-    # openbox owns WM_S0 once it manages the screen.
+    # openbox sets _NET_SUPPORTING_WM_CHECK once it manages the screen.
     wait_for "xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'" || { echo "openbox did not start"; exit 1; }
-    echo "== Xvfb $DISPLAY with $1 screen(s), openbox"
+    echo "== X server $DISPLAY with $1 screen(s), openbox"
+}
+
+# start_two_screens: X.Org on the dummy driver with two 1920x1080 screens
+# side by side under Xinerama (Xvfb puts every Xinerama head at 0,0), and
+# openbox; sets DISPLAY.
+start_two_screens() {
+    mkdir -p "$work/xorg.conf.d"
+    rm -f "$work/displayfd"
+    Xorg -config "$HERE/xorg-two-screens.conf" -configdir "$work/xorg.conf.d" -noreset -nolisten tcp \
+        -logfile "$work/xorg.log" -displayfd 3 3>"$work/displayfd" >"$work/xorg.out" 2>&1 &
+    xpid=$!
+    pids="$pids $xpid"
+    wait_for "test -s '$work/displayfd'" || { echo "X.Org did not start"; cat "$work/xorg.out"; exit 1; }
+    DISPLAY=":$(head -n1 "$work/displayfd")"
+    export DISPLAY
+    wait_for "xdpyinfo" || { echo "X.Org on $DISPLAY does not answer"; exit 1; }
+    start_wm 2
 }
 
 stop_x() {
@@ -146,6 +167,10 @@ run "band, compositor stopped" env ORVANE_EXPECT_COMPOSITOR=0 ORVANE_DESKTOP_SHO
 
 # The system's Python, which has the AT-SPI bindings from python3-pyatspi.
 run "screen reader (AT-SPI)" /usr/bin/python3 "$HERE/a11y.py" "$BIN/desktop_a11y_host"
+stop_x
+
+start_two_screens
+run "two screens" "$BIN/desktop_screens"
 stop_x
 
 echo "== Wayland (weston, headless backend)"
