@@ -11,6 +11,7 @@ git
 binutils
 pkg-config
 qtbase5-dev
+qtbase5-private-dev
 qttools5-dev
 qttools5-dev-tools
 fonts-dejavu-core

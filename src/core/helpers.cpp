@@ -1,5 +1,7 @@
 #include <Orvane/helpers.h>
 
+#include "core/helpers_p.h"
+
 #include <QApplication>
 #include <QColor>
 #include <QDebug>
@@ -10,6 +12,7 @@
 #include <QMargins>
 #include <QPainter>
 #include <QPixmap>
+#include <QScreen>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -74,7 +77,9 @@ void moveToCenter(QWidget *widget, QWidget *parent)
         return;
     const int dx = (mainWindow->width() - widget->width()) / 2;
     const int dy = (mainWindow->height() - widget->height()) / 2;
-    widget->move(mainWindow->mapToGlobal(QPoint(dx, dy)));
+    const QRect placed(mainWindow->mapToGlobal(QPoint(dx, dy)), widget->size());
+    const QPoint anchor = mainWindow->mapToGlobal(mainWindow->rect().center());
+    widget->move(keepOnScreens(placed, currentScreenAreas(), anchor).topLeft());
 }
 
 void moveToCenterOfWindow(QWidget *widget)
@@ -92,8 +97,71 @@ void moveToCenterOfWindow(QWidget *widget)
         const QSize size = widget->sizeHint();
         qDebug().nospace() << "wnd center: " << geometry.topLeft();
         qDebug().nospace() << "sz: " << size;
-        widget->setGeometry(QRect(QPoint(center.x() - size.width() / 2, center.y() - size.height() / 2), size));
+        const QRect placed(QPoint(center.x() - size.width() / 2, center.y() - size.height() / 2), size);
+        widget->setGeometry(keepOnScreens(placed, currentScreenAreas(), center));
     }
+}
+
+QRect keepOnScreens(const QRect &window, const QVector<ScreenArea> &screens, const QPoint &anchor)
+{
+    if (screens.isEmpty())
+        return window;
+    for (const ScreenArea &screen : screens) {
+        if (screen.geometry.contains(window))
+            return window;
+    }
+    // The anchor's screen, else the nearest one.
+    const ScreenArea *target = nullptr;
+    qint64 nearest = -1;
+    for (const ScreenArea &screen : screens) {
+        if (screen.geometry.contains(anchor)) {
+            target = &screen;
+            break;
+        }
+        const qint64 dx = qMax(qMax(screen.geometry.left() - anchor.x(), anchor.x() - screen.geometry.right()), 0);
+        const qint64 dy = qMax(qMax(screen.geometry.top() - anchor.y(), anchor.y() - screen.geometry.bottom()), 0);
+        const qint64 distance = dx * dx + dy * dy;
+        if (nearest < 0 || distance < nearest) {
+            nearest = distance;
+            target = &screen;
+        }
+    }
+    const QRect area = target->available.isValid() ? target->available : target->geometry;
+    QRect moved = window;
+    // Right and bottom first, so a window larger than the area keeps its
+    // top-left corner inside.
+    if (moved.right() > area.right())
+        moved.moveRight(area.right());
+    if (moved.bottom() > area.bottom())
+        moved.moveBottom(area.bottom());
+    if (moved.left() < area.left())
+        moved.moveLeft(area.left());
+    if (moved.top() < area.top())
+        moved.moveTop(area.top());
+    return moved;
+}
+
+QVector<ScreenArea> currentScreenAreas()
+{
+    QVector<ScreenArea> areas;
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    for (const QScreen *screen : screens)
+        areas.append({screen->geometry(), screen->availableGeometry()});
+    return areas;
+}
+
+void centreOnScreenAt(QWidget *widget, const QPoint &globalPoint)
+{
+    if (!widget)
+        return;
+    QScreen *screen = QGuiApplication::screenAt(globalPoint);
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    QRect placed(QPoint(0, 0), widget->size());
+    placed.moveCenter(screen->availableGeometry().center());
+    widget->move(keepOnScreens(placed, {{screen->geometry(), screen->availableGeometry()}}, placed.center()).topLeft());
 }
 
 void openWebURL(const QString &url)

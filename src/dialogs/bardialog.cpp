@@ -5,6 +5,9 @@
 #include <Orvane/slicemanager.h>
 #include <Orvane/startup.h>
 
+#include "dialogs/dialogplatform_p.h"
+#include "dialogs/dialogskinstyle_p.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -12,6 +15,7 @@
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace Orvane {
 
@@ -19,6 +23,8 @@ namespace {
 
 const char pressedProperty[] = "mousePressed";
 const char pressedPositionProperty[] = "mousePressedPosition";
+// Where the drag has put the window, taken from the press event itself.
+const char dragOriginProperty[] = "mousePressedWindowOrigin";
 
 // Shared by every bar dialog; made on first use and never destroyed.
 QPixmap *&storedAppIcon()
@@ -60,7 +66,10 @@ BarDialog::BarDialog(QWidget *parent, int skin, Qt::WindowFlags flags)
 {
     Q_UNUSED(flags)
     setupUI(skin);
-    setAttribute(Qt::WA_TranslucentBackground);
+    // Without a compositor the transparent band would show black: setupUI()
+    // then built an opaque, square panel that fills the window.
+    if (platformShowsTranslucency(parent))
+        setAttribute(Qt::WA_TranslucentBackground);
     setWindowFlags(windowFlags() | Qt::Tool);
 }
 
@@ -68,12 +77,15 @@ BarDialog::~BarDialog() = default;
 
 void BarDialog::setupUI(int skin)
 {
-    const DialogSkinStyle style = dialogSkinStyle(skin);
+    const bool translucent = platformShowsTranslucency(parentWidget());
+    const DialogSkinStyle style = translucent ? dialogSkinStyle(skin) : opaqueDialogSkinStyle(skin);
     barIconSize() = style.barIconSize;
 
     // The root layout keeps the style's margins: they leave a transparent
-    // band around the rounded panel.
+    // band around the rounded panel. An opaque panel fills the window.
     auto *rootLayout = new QVBoxLayout(this);
+    if (!translucent)
+        rootLayout->setContentsMargins(0, 0, 0, 0);
 
     auto *bg = new QWidget(this);
     bg->setObjectName(QStringLiteral("bg"));
@@ -131,6 +143,11 @@ void BarDialog::setupUI(int skin)
     closeButton->setIconSize(QSize(style.closeButtonSize, style.closeButtonSize));
     closeButton->setFixedSize(style.closeButtonSize, style.closeButtonSize);
     closeButton->setStyleSheet(style.closeButtonStyle);
+    // A mouse target only: the keyboard closes the dialog with Escape, so the
+    // first focus, and Return, go to the content.
+    closeButton->setFocusPolicy(Qt::NoFocus);
+    closeButton->setAutoDefault(false);
+    closeButton->setAccessibleName(tr("Close"));
     overlayLayout->addWidget(closeButton);
     barOverlay->raise();
 
@@ -213,14 +230,31 @@ bool BarDialog::eventFilter(QObject *watched, QEvent *event)
         case QEvent::MouseButtonPress:
             setProperty(pressedProperty, true);
             setProperty(pressedPositionProperty, mouseEvent->globalPos());
+            // The window's origin as the window system sees it at the press:
+            // pos() can still be stale right after the window was mapped.
+            setProperty(dragOriginProperty,
+                        mouseEvent->globalPos() - barOverlay->mapTo(this, mouseEvent->pos()));
             break;
         case QEvent::MouseButtonRelease:
             setProperty(pressedProperty, false);
             break;
         case QEvent::MouseMove:
             if (pressed) {
+                if (platformUsesSystemMove()) {
+                    // The compositor places the window; it takes the pointer
+                    // from here, so this press ends.
+                    setProperty(pressedProperty, false);
+                    countSystemMove();
+                    if (QWindow *handle = windowHandle())
+                        handle->startSystemMove();
+                    break;
+                }
                 const QPoint globalPos = mouseEvent->globalPos();
-                move(pos() + globalPos - property(pressedPositionProperty).toPoint());
+                const QPoint origin = property(dragOriginProperty).toPoint() + globalPos
+                    - property(pressedPositionProperty).toPoint();
+                countDragMove();
+                move(origin);
+                setProperty(dragOriginProperty, origin);
                 setProperty(pressedPositionProperty, globalPos);
             }
             break;

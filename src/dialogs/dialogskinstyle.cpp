@@ -1,5 +1,7 @@
 #include <Orvane/dialogskinstyle.h>
 
+#include "dialogs/dialogskinstyle_p.h"
+
 // Every style sheet and colour of the dialog skins lives in this file.
 
 namespace Orvane {
@@ -13,30 +15,30 @@ QString lightPrimaryButtonStyle()
                "QPushButton{border:0px; border-radius: 15; font-size: 13px;color: #FFFFFF;background-color: qlineargradient(x1:0 y1:0, x2:1 y2:0, stop:0 %1, stop:1 %2);}"
                "QPushButton:hover{background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 %3, stop:1 %4);}"
                "QPushButton:pressed{background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 %5, stop:1 %6);}")
-        .arg(QStringLiteral("#5C8BFF"), QStringLiteral("#9A68FF"), QStringLiteral("#80A4FF"),
-             QStringLiteral("#BB99FF"), QStringLiteral("#4D7AE9"), QStringLiteral("#976EEA"));
+        .arg(QStringLiteral("#2B68FF"), QStringLiteral("#884DFF"), QStringLiteral("#2D68FF"),
+             QStringLiteral("#884DFF"), QStringLiteral("#3C6DE7"), QStringLiteral("#8757E7"));
 }
 
 // A transparent button with a blue ring that fills with the gradient on hover.
 QString lightSecondaryButtonStyle()
 {
     return QStringLiteral(
-               "QPushButton{border:1px solid %7; border-radius: 15; font-size: 13px;color: #5C8BFF;background-color: qlineargradient(x1:0 y1:0, x2:1 y2:0, stop:0 %1, stop:1 %2);}"
+               "QPushButton{border:1px solid %7; border-radius: 15; font-size: 13px;color: #2B68FF;background-color: qlineargradient(x1:0 y1:0, x2:1 y2:0, stop:0 %1, stop:1 %2);}"
                "QPushButton:hover{border:0px;background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 %3, stop:1 %4);color: #FFFFFF;}"
                "QPushButton:pressed{border:0px;background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 %5, stop:1 %6);color: #FFFFFF;}")
-        .arg(QStringLiteral("#00FFFFFF"), QStringLiteral("#00FFFFFF"), QStringLiteral("#80A4FF"),
-             QStringLiteral("#BB99FF"), QStringLiteral("#4D7AE9"), QStringLiteral("#976EEA"),
-             QStringLiteral("#5C8BFF"));
+        .arg(QStringLiteral("#00FFFFFF"), QStringLiteral("#00FFFFFF"), QStringLiteral("#2D68FF"),
+             QStringLiteral("#884DFF"), QStringLiteral("#3C6DE7"), QStringLiteral("#8757E7"),
+             QStringLiteral("#2B68FF"));
 }
 
 DialogSkinStyle makeDarkSkin()
 {
     DialogSkinStyle s;
     s.primaryButtonStyle = QStringLiteral(
-        ".QPushButton{font: 13px; border-radius: 1; color: white; background-color: #8273FF;}");
+        ".QPushButton{font: 13px; border-radius: 1; color: white; background-color: #6C5AFF;}");
     s.secondaryButtonStyle = QStringLiteral(
-        ".QPushButton{font: 13px; border:1px solid #8273FF; border-radius: 1; color: #8273FF; background-color: #00FFFFFF;}"
-        ".QPushButton:pressed{color: white; background-color: #8273FF;}");
+        ".QPushButton{font: 13px; border:1px solid #9588FF; border-radius: 1; color: #9588FF; background-color: #00FFFFFF;}"
+        ".QPushButton:pressed{color: white; background-color: #6C5AFF;}");
     s.headingStyle = QStringLiteral(".QLabel{font: 14px; font-weight: bold; color: #E3E3E3;}");
     s.iconTint = QStringLiteral("#E3E3E3");
     s.titleStyle = QStringLiteral("QLabel{font: 14px; color: #979798;}");
@@ -99,14 +101,14 @@ DialogSkinStyle dialogSkinStyle(int skin)
     }
     case 3: {
         static const DialogSkinStyle skin3 = makeLightSkin(
-            QStringLiteral("QPushButton{border:0px; border-radius: 0; font-size: 13px;color: #FFFFFF; background-color: #2782FF;}"),
-            QStringLiteral(".QPushButton{font: 13px; border:1px solid #2782FF; border-radius: 1; color: #2782FF; background-color: #00FFFFFF;}"));
+            QStringLiteral("QPushButton{border:0px; border-radius: 0; font-size: 13px;color: #FFFFFF; background-color: #006BFF;}"),
+            QStringLiteral(".QPushButton{font: 13px; border:1px solid #006BFF; border-radius: 1; color: #006BFF; background-color: #00FFFFFF;}"));
         return skin3;
     }
     case 4: {
         static const DialogSkinStyle skin4 = makeLightSkin(
-            QStringLiteral("QPushButton{border:0px; border-radius: 4; font-size: 13px;color: #FFFFFF; background-color: #8372FF;}"),
-            QStringLiteral(".QPushButton{font: 13px; border: 1px solid #8372FF; border-radius: 4; color: #8372FF;}"));
+            QStringLiteral("QPushButton{border:0px; border-radius: 4; font-size: 13px;color: #FFFFFF; background-color: #6D5AFF;}"),
+            QStringLiteral(".QPushButton{font: 13px; border: 1px solid #6D5AFF; border-radius: 4; color: #6D5AFF;}"));
         return skin4;
     }
     default: {
@@ -114,6 +116,35 @@ DialogSkinStyle dialogSkinStyle(int skin)
         return light;
     }
     }
+}
+
+DialogSkinStyle opaqueDialogSkinStyle(int skin)
+{
+    // Later declarations win in Qt's style sheets: the corners turn square.
+    DialogSkinStyle s = dialogSkinStyle(skin);
+    const QString squareBar = QStringLiteral(
+        ".QWidget#bar{border-top-left-radius: 0px; border-top-right-radius: 0px;}");
+    s.barStyle += squareBar;
+    s.barOverlayStyle += squareBar;
+    s.contentStyle += QStringLiteral(
+        ".QWidget#content{border-bottom-left-radius: 0px; border-bottom-right-radius: 0px;}");
+    return s;
+}
+
+QString messageTextStyle(int skin)
+{
+    return skin == 2 ? QStringLiteral("QLabel {     font: 14px; color: #CCCCCC;}")
+                     : QStringLiteral("QLabel {     font: 14px; color: #333333;}");
+}
+
+QString checkBoxStyle(int skin)
+{
+    return QStringLiteral(
+               "QCheckBox {\n    spacing: 10px;    font: 12px; color:%1;\n}\n\n"
+               "QCheckBox::indicator {\n    width: 16px;\n    height: 16px;\n}\n\n"
+               "QCheckBox::indicator:unchecked {\n    image: url(:/Orvane/checkbox_0);\n}\n\n"
+               "QCheckBox::indicator:checked {\n    image: url(:/Orvane/checkbox_1);\n}")
+        .arg(skin == 2 ? QStringLiteral("#AAAAAA") : QStringLiteral("#666666"));
 }
 
 int currentDialogSkin()

@@ -11,6 +11,22 @@
 // The process keeps one current skin for dialogs that take none as an
 // argument (the message box). It starts at 2, so a host that never sets it
 // gets dark message boxes. GUI thread only: it is a plain int.
+//
+// Readability: every text has a contrast ratio of at least 4.5:1 with what
+// lies behind it (WCAG 2.x). Colours that did not pass were replaced by the
+// nearest shade of the same hue that does (old -> new, ratio old -> new):
+// - dark skin, message text on #2E2F30: #333333 -> #CCCCCC (1.06 -> 8.35);
+//   check-box text: #666666 -> #AAAAAA (2.34 -> 5.77); the light skins keep
+//   #333333 (12.63) and #666666 (5.74);
+// - dark skin buttons: the fill behind white text #8273FF -> #6C5AFF
+//   (3.59 -> 4.62); the ring buttons' text and ring on the panel
+//   #8273FF -> #9588FF (3.73 -> 4.63);
+// - light primary gradient #5C8BFF/#9A68FF -> #2B68FF/#884DFF (3.19/3.62 ->
+//   4.64/4.61); hover #80A4FF/#BB99FF -> #2D68FF/#884DFF (2.42/2.30 ->
+//   4.63/4.61); pressed #4D7AE9/#976EEA -> #3C6DE7/#8757E7 (3.98/3.66 ->
+//   4.63/4.62); the ring's text and ring #5C8BFF -> #2B68FF (3.19 -> 4.64);
+// - skin 3 #2782FF -> #006BFF (3.67 -> 4.62); skin 4 #8372FF -> #6D5AFF
+//   (3.61 -> 4.61), as fill behind white text and as text on white.
 
 #include <Orvane/orvane_export.h>
 

@@ -4,9 +4,12 @@
 #include <Orvane/helpers.h>
 #include <Orvane/slicemanager.h>
 
+#include "core/helpers_p.h"
+#include "dialogs/dialogskinstyle_p.h"
 #include "widgets/cachedshadoweffect_p.h"
 
 #include <QCheckBox>
+#include <QCursor>
 #include <QDebug>
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -19,14 +22,6 @@
 namespace Orvane {
 
 namespace {
-
-// The same in every skin.
-const char messageStyle[] = "QLabel {     font: 14px; color: #333333;}";
-const char checkBoxStyle[] =
-    "QCheckBox {\n    spacing: 10px;    font: 12px; color:#666666;\n}\n\n"
-    "QCheckBox::indicator {\n    width: 16px;\n    height: 16px;\n}\n\n"
-    "QCheckBox::indicator:unchecked {\n    image: url(:/Orvane/checkbox_0);\n}\n\n"
-    "QCheckBox::indicator:checked {\n    image: url(:/Orvane/checkbox_1);\n}";
 
 const Qt::WindowFlags tipsFlags =
     Qt::Dialog | Qt::WindowTitleHint | Qt::CustomizeWindowHint | Qt::WindowCloseButtonHint;
@@ -79,7 +74,8 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
     setAttribute(Qt::WA_DeleteOnClose);
     m_onChecked = std::move(onChecked);
 
-    const DialogSkinStyle style = dialogSkinStyle(currentDialogSkin());
+    const int skin = currentDialogSkin();
+    const DialogSkinStyle style = dialogSkinStyle(skin);
 
     // Every widget is made on the content widget, where the layouts put it
     // anyway, so nothing is reparented (and re-polished) afterwards.
@@ -118,7 +114,7 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
         auto *messageLabel = new QLabel(text + QLatin1Char('\n'), content);
         messageLabel->setObjectName(QStringLiteral("message"));
         messageLabel->setWordWrap(true);
-        messageLabel->setStyleSheet(QLatin1String(messageStyle));
+        messageLabel->setStyleSheet(messageTextStyle(skin));
         textColumn->addWidget(messageLabel);
     }
     if (!checkText.isEmpty()) {
@@ -126,7 +122,7 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
         textColumn->addLayout(checkRow);
         auto *checkBox = new QCheckBox(checkText, content);
         checkBox->setObjectName(QStringLiteral("check"));
-        checkBox->setStyleSheet(QLatin1String(checkBoxStyle));
+        checkBox->setStyleSheet(checkBoxStyle(skin));
         checkRow->addWidget(checkBox);
         if (m_onChecked) {
             connect(checkBox, &QCheckBox::stateChanged, checkBox,
@@ -158,11 +154,15 @@ OMessageBox::OMessageBox(MessageBoxIconType icon, QStringList buttons, const QSt
         buttonRow->addWidget(button);
     }
 
-    auto *shadow = new CachedShadowEffect(this);
-    shadow->setOffset(0, 0);
-    shadow->setBlurRadius(30.0);
-    shadow->setColor(QColor(92, 93, 102, 51));
-    setGraphicsEffect(shadow);
+    // The shadow lives in the transparent band; an opaque panel (no
+    // compositor) has neither.
+    if (testAttribute(Qt::WA_TranslucentBackground)) {
+        auto *shadow = new CachedShadowEffect(this);
+        shadow->setOffset(0, 0);
+        shadow->setBlurRadius(30.0);
+        shadow->setColor(QColor(92, 93, 102, 51));
+        setGraphicsEffect(shadow);
+    }
     updateGeometry();
 }
 
@@ -170,6 +170,15 @@ OMessageBox::~OMessageBox()
 {
     qDebug("~OMessageBox");
     m_onChecked = nullptr;
+}
+
+void OMessageBox::showEvent(QShowEvent *event)
+{
+    BarDialog::showEvent(event);
+    // With no main window to centre over, the box comes up where the user
+    // looks: centred on the screen under the pointer.
+    if (!findMainWindow())
+        centreOnScreenAt(this, QCursor::pos());
 }
 
 int OMessageBox::popupTips(MessageBoxIconType icon, const QString &text, const QString &heading)

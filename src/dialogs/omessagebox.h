@@ -79,6 +79,11 @@ public:
     // returns at once and the box deletes itself when closed.
     static void showTips(MessageBoxIconType icon, const QString &text, const QString &heading = QString());
 
+protected:
+    // Centres over the main window as every bar dialog does; without one, on
+    // the screen under the pointer.
+    void showEvent(QShowEvent *event) override;
+
 private:
     std::function<void(bool)> m_onChecked;
 

@@ -1,6 +1,8 @@
 #include <Orvane/bardialog.h>
 #include <Orvane/dialogskinstyle.h>
+#include <Orvane/languagepack.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QHBoxLayout>
@@ -126,6 +128,9 @@ private Q_SLOTS:
     void contentAreaDoesNotDrag();
     void dragWithHiddenCloseButton();
     void filterNeverConsumesAndIgnoresOtherEvents();
+    void firstDragExactWhenPosIsStale();
+    void closeButtonIsNamedAndTakesNoFocus();
+    void escapeClosesAndFirstFocusInContent();
 
     void centresOverMainWindowOnEveryShow();
     void noMainWindowLeavesPosition();
@@ -135,6 +140,9 @@ private Q_SLOTS:
     void closeImageNeverShown();
     void look_data();
     void look();
+
+    void closeNameTranslated_data(); // installs a translator: keep it last
+    void closeNameTranslated();
 };
 
 void tst_BarDialog::cleanup()
@@ -520,7 +528,8 @@ void tst_BarDialog::filterNeverConsumesAndIgnoresOtherEvents()
     Probe dialog(2);
     dialog.move(10, 20);
     const QPoint local(20, 10);
-    const QPoint global(500, 400);
+    // Events as the window system sends them: global and local agree.
+    const QPoint global = dialog.barOverlay->mapToGlobal(local);
 
     // A move with no press before it does nothing.
     QMouseEvent moveFirst(QEvent::MouseMove, local, global + QPoint(9, 9), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
@@ -554,6 +563,84 @@ void tst_BarDialog::filterNeverConsumesAndIgnoresOtherEvents()
     QMouseEvent middleRelease(QEvent::MouseButtonRelease, local, global, Qt::MiddleButton, Qt::NoButton, Qt::NoModifier);
     QVERIFY(!dialog.eventFilter(dialog.barOverlay, &middleRelease));
     QVERIFY(!dialog.property("mousePressed").toBool());
+}
+
+void tst_BarDialog::firstDragExactWhenPosIsStale()
+{
+    // Right after mapping under a reparenting window manager Qt may still
+    // believe the window is at (0, 0) while it really is at (411, 320): the
+    // events carry the real position, pos() the stale one.
+    Probe dialog(2);
+    dialog.resize(320, 200);
+    dialog.move(0, 0);
+    const QPoint real(411, 320);
+    const QPoint local(40, 10);
+    const QPoint inDialog = dialog.barOverlay->mapTo(&dialog, local);
+    const QPoint grip = real + inDialog;
+
+    QMouseEvent pressEvent(QEvent::MouseButtonPress, local, grip, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QVERIFY(!dialog.eventFilter(dialog.barOverlay, &pressEvent));
+    QCOMPARE(dialog.property("mousePressed").toBool(), true);
+    QCOMPARE(dialog.property("mousePressedPosition").toPoint(), grip);
+
+    // The pointer moves by (+150, +90); the window lands at real + delta,
+    // not at the stale (0, 0) + delta.
+    QMouseEvent moveEvent(QEvent::MouseMove, local + QPoint(150, 90), grip + QPoint(150, 90), Qt::NoButton,
+                          Qt::LeftButton, Qt::NoModifier);
+    QVERIFY(!dialog.eventFilter(dialog.barOverlay, &moveEvent));
+    QCOMPARE(dialog.pos(), real + QPoint(150, 90));
+    QCOMPARE(dialog.property("mousePressedPosition").toPoint(), grip + QPoint(150, 90));
+
+    // Later moves continue from there, by the pointer's delta each time.
+    QMouseEvent second(QEvent::MouseMove, local, grip + QPoint(140, 100), Qt::NoButton, Qt::LeftButton,
+                       Qt::NoModifier);
+    QVERIFY(!dialog.eventFilter(dialog.barOverlay, &second));
+    QCOMPARE(dialog.pos(), real + QPoint(140, 100));
+
+    QMouseEvent releaseEvent(QEvent::MouseButtonRelease, local, grip + QPoint(140, 100), Qt::LeftButton,
+                             Qt::NoButton, Qt::NoModifier);
+    QVERIFY(!dialog.eventFilter(dialog.barOverlay, &releaseEvent));
+    QVERIFY(!dialog.property("mousePressed").toBool());
+    QCOMPARE(dialog.pos(), real + QPoint(140, 100));
+}
+
+void tst_BarDialog::closeButtonIsNamedAndTakesNoFocus()
+{
+    Probe dialog(2);
+    QCOMPARE(dialog.closeButton->focusPolicy(), Qt::NoFocus);
+    QVERIFY(!dialog.closeButton->autoDefault());
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(dialog.closeButton);
+    QVERIFY(accessible);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Close"));
+    QCOMPARE(accessible->role(), QAccessible::Button);
+
+    // Still a mouse target.
+    showAt(&dialog, QPoint(100, 100));
+    QSignalSpy rejected(&dialog, &QDialog::rejected);
+    QTest::mouseClick(dialog.closeButton, Qt::LeftButton);
+    QCOMPARE(rejected.count(), 1);
+    QVERIFY(!dialog.isVisible());
+}
+
+void tst_BarDialog::escapeClosesAndFirstFocusInContent()
+{
+    Probe dialog(0);
+    auto *layout = dialog.makeVBoxLayout(&dialog, 10, 10);
+    auto *edit = new QPushButton(QStringLiteral("Inside"), dialog.content);
+    layout->addWidget(edit);
+    showAt(&dialog, QPoint(100, 100));
+    QApplication::setActiveWindow(&dialog);
+    QTRY_VERIFY(dialog.isActiveWindow());
+    QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget *>(edit));
+    // Tab never lands on the close button.
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(QApplication::focusWidget() != dialog.closeButton);
+    }
+    QSignalSpy rejected(&dialog, &QDialog::rejected);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    QCOMPARE(rejected.count(), 1);
+    QVERIFY(!dialog.isVisible());
 }
 
 void tst_BarDialog::centresOverMainWindowOnEveryShow()
@@ -699,6 +786,41 @@ void tst_BarDialog::look()
     // The panel's rounded corner lets the band show through.
     QVERIFY(image.pixelColor(panelRect.topLeft()).alpha() < 255);
     dialog.close();
+}
+
+void tst_BarDialog::closeNameTranslated_data()
+{
+    QTest::addColumn<QString>("pack");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("Arabic") << QStringLiteral("Arabic") << QString::fromUtf8("إغلاق");
+    QTest::newRow("Dutch") << QStringLiteral("Dutch") << QStringLiteral("Sluiten");
+    QTest::newRow("French") << QStringLiteral("French") << QStringLiteral("Fermer");
+    QTest::newRow("German") << QStringLiteral("German") << QString::fromUtf8("Schließen");
+    QTest::newRow("Hindi") << QStringLiteral("Hindi") << QString::fromUtf8("बंद करें");
+    QTest::newRow("Indonesian") << QStringLiteral("Indonesian") << QStringLiteral("Tutup");
+    QTest::newRow("Italian") << QStringLiteral("Italian") << QStringLiteral("Chiudi");
+    QTest::newRow("Japanese") << QStringLiteral("Japanese") << QString::fromUtf8("閉じる");
+    QTest::newRow("Korean") << QStringLiteral("Korean") << QString::fromUtf8("닫기");
+    QTest::newRow("Portuguese") << QStringLiteral("Portuguese") << QStringLiteral("Fechar");
+    QTest::newRow("Russian") << QStringLiteral("Russian") << QString::fromUtf8("Закрыть");
+    QTest::newRow("Spanish") << QStringLiteral("Spanish") << QStringLiteral("Cerrar");
+    QTest::newRow("Turkish") << QStringLiteral("Turkish") << QStringLiteral("Kapat");
+    QTest::newRow("zh_CN") << QStringLiteral("zh_CN") << QString::fromUtf8("关闭");
+    QTest::newRow("zh_TW") << QStringLiteral("zh_TW") << QString::fromUtf8("關閉");
+}
+
+void tst_BarDialog::closeNameTranslated()
+{
+    QFETCH(QString, pack);
+    QFETCH(QString, name);
+    Orvane::freshLanguage(pack);
+    {
+        Probe dialog(2);
+        QCOMPARE(QAccessible::queryAccessibleInterface(dialog.closeButton)->text(QAccessible::Name), name);
+    }
+    Orvane::freshLanguage(QStringLiteral("English"));
+    Probe english(2);
+    QCOMPARE(english.closeButton->accessibleName(), QStringLiteral("Close"));
 }
 
 QTEST_MAIN(tst_BarDialog)

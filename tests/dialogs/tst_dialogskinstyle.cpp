@@ -20,22 +20,24 @@ const QString darkClose = QStringLiteral("QPushButton{image: url(:/Orvane/kv_Dlg
 const QString lightContent = QStringLiteral(".QWidget#content{background-color:white; border: 1px solid #EEEEEE;border-top:0px; border-bottom-left-radius: 6px; border-bottom-right-radius:6px;}");
 const QString darkContent = QStringLiteral(".QWidget#content{background-color:#2E2F30; border: 1px solid #0F0F10;border-top:0px; border-bottom-left-radius: 6px; border-bottom-right-radius:6px;}");
 
+// The button colours that failed a 4.5:1 contrast with their text are the
+// nearest shades of the same hue that pass.
 const QString lightPrimary = QStringLiteral(
-    "QPushButton{border:0px; border-radius: 15; font-size: 13px;color: #FFFFFF;background-color: qlineargradient(x1:0 y1:0, x2:1 y2:0, stop:0 #5C8BFF, stop:1 #9A68FF);}"
-    "QPushButton:hover{background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 #80A4FF, stop:1 #BB99FF);}"
-    "QPushButton:pressed{background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 #4D7AE9, stop:1 #976EEA);}");
+    "QPushButton{border:0px; border-radius: 15; font-size: 13px;color: #FFFFFF;background-color: qlineargradient(x1:0 y1:0, x2:1 y2:0, stop:0 #2B68FF, stop:1 #884DFF);}"
+    "QPushButton:hover{background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 #2D68FF, stop:1 #884DFF);}"
+    "QPushButton:pressed{background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 #3C6DE7, stop:1 #8757E7);}");
 const QString lightSecondary = QStringLiteral(
-    "QPushButton{border:1px solid #5C8BFF; border-radius: 15; font-size: 13px;color: #5C8BFF;background-color: qlineargradient(x1:0 y1:0, x2:1 y2:0, stop:0 #00FFFFFF, stop:1 #00FFFFFF);}"
-    "QPushButton:hover{border:0px;background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 #80A4FF, stop:1 #BB99FF);color: #FFFFFF;}"
-    "QPushButton:pressed{border:0px;background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 #4D7AE9, stop:1 #976EEA);color: #FFFFFF;}");
-const QString darkPrimary = QStringLiteral(".QPushButton{font: 13px; border-radius: 1; color: white; background-color: #8273FF;}");
+    "QPushButton{border:1px solid #2B68FF; border-radius: 15; font-size: 13px;color: #2B68FF;background-color: qlineargradient(x1:0 y1:0, x2:1 y2:0, stop:0 #00FFFFFF, stop:1 #00FFFFFF);}"
+    "QPushButton:hover{border:0px;background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 #2D68FF, stop:1 #884DFF);color: #FFFFFF;}"
+    "QPushButton:pressed{border:0px;background-color: qlineargradient( x1:0 y1:0, x2:1 y2:0, stop:0 #3C6DE7, stop:1 #8757E7);color: #FFFFFF;}");
+const QString darkPrimary = QStringLiteral(".QPushButton{font: 13px; border-radius: 1; color: white; background-color: #6C5AFF;}");
 const QString darkSecondary = QStringLiteral(
-    ".QPushButton{font: 13px; border:1px solid #8273FF; border-radius: 1; color: #8273FF; background-color: #00FFFFFF;}"
-    ".QPushButton:pressed{color: white; background-color: #8273FF;}");
-const QString skin3Primary = QStringLiteral("QPushButton{border:0px; border-radius: 0; font-size: 13px;color: #FFFFFF; background-color: #2782FF;}");
-const QString skin3Secondary = QStringLiteral(".QPushButton{font: 13px; border:1px solid #2782FF; border-radius: 1; color: #2782FF; background-color: #00FFFFFF;}");
-const QString skin4Primary = QStringLiteral("QPushButton{border:0px; border-radius: 4; font-size: 13px;color: #FFFFFF; background-color: #8372FF;}");
-const QString skin4Secondary = QStringLiteral(".QPushButton{font: 13px; border: 1px solid #8372FF; border-radius: 4; color: #8372FF;}");
+    ".QPushButton{font: 13px; border:1px solid #9588FF; border-radius: 1; color: #9588FF; background-color: #00FFFFFF;}"
+    ".QPushButton:pressed{color: white; background-color: #6C5AFF;}");
+const QString skin3Primary = QStringLiteral("QPushButton{border:0px; border-radius: 0; font-size: 13px;color: #FFFFFF; background-color: #006BFF;}");
+const QString skin3Secondary = QStringLiteral(".QPushButton{font: 13px; border:1px solid #006BFF; border-radius: 1; color: #006BFF; background-color: #00FFFFFF;}");
+const QString skin4Primary = QStringLiteral("QPushButton{border:0px; border-radius: 4; font-size: 13px;color: #FFFFFF; background-color: #6D5AFF;}");
+const QString skin4Secondary = QStringLiteral(".QPushButton{font: 13px; border: 1px solid #6D5AFF; border-radius: 4; color: #6D5AFF;}");
 const QString lightHeading = QStringLiteral(".QLabel{font: 14px; font-weight: bold; color: black;}");
 const QString darkHeading = QStringLiteral(".QLabel{font: 14px; font-weight: bold; color: #E3E3E3;}");
 

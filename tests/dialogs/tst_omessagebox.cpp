@@ -2,6 +2,7 @@
 #include <Orvane/languagepack.h>
 #include <Orvane/omessagebox.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
@@ -25,12 +26,23 @@ namespace {
 
 const QString attentionPath = QStringLiteral(":/Orvane/kv_TipsAttention.png");
 const QString successPath = QStringLiteral(":/Orvane/kv_TipsSuccess.png");
-const QString messageStyle = QStringLiteral("QLabel {     font: 14px; color: #333333;}");
-const QString checkBoxStyle = QStringLiteral(
-    "QCheckBox {\n    spacing: 10px;    font: 12px; color:#666666;\n}\n\n"
-    "QCheckBox::indicator {\n    width: 16px;\n    height: 16px;\n}\n\n"
-    "QCheckBox::indicator:unchecked {\n    image: url(:/Orvane/checkbox_0);\n}\n\n"
-    "QCheckBox::indicator:checked {\n    image: url(:/Orvane/checkbox_1);\n}");
+// The light skins keep #333333 and #666666; the dark skin has light greys
+// that are readable on its panel.
+QString messageStyle(int skin)
+{
+    return QStringLiteral("QLabel {     font: 14px; color: %1;}")
+        .arg(skin == 2 ? QStringLiteral("#CCCCCC") : QStringLiteral("#333333"));
+}
+
+QString checkBoxStyle(int skin)
+{
+    return QStringLiteral(
+               "QCheckBox {\n    spacing: 10px;    font: 12px; color:%1;\n}\n\n"
+               "QCheckBox::indicator {\n    width: 16px;\n    height: 16px;\n}\n\n"
+               "QCheckBox::indicator:unchecked {\n    image: url(:/Orvane/checkbox_0);\n}\n\n"
+               "QCheckBox::indicator:checked {\n    image: url(:/Orvane/checkbox_1);\n}")
+        .arg(skin == 2 ? QStringLiteral("#AAAAAA") : QStringLiteral("#666666"));
+}
 const QColor darkPanel(0x2E, 0x2F, 0x30);
 const QColor darkTint(0xE3, 0xE3, 0xE3);
 
@@ -253,6 +265,10 @@ private Q_SLOTS:
     void look_data();
     void look();
 
+    void closeButtonNamedWithoutFocus();
+    void returnOnFreshBoxNeverCloses();
+    void tabReachesButtonsAndSpaceClicks();
+
     void okTranslated(); // installs a translator: keep it last
 };
 
@@ -342,9 +358,9 @@ void tst_OMessageBox::tree()
     QCOMPARE(parts.heading->styleSheet(), Orvane::dialogSkinStyle(2).headingStyle);
     QCOMPARE(parts.message->text(), QStringLiteral("Body\n"));
     QVERIFY(parts.message->wordWrap());
-    QCOMPARE(parts.message->styleSheet(), messageStyle);
+    QCOMPARE(parts.message->styleSheet(), messageStyle(2));
     QCOMPARE(parts.check->text(), QStringLiteral("Again"));
-    QCOMPARE(parts.check->styleSheet(), checkBoxStyle);
+    QCOMPARE(parts.check->styleSheet(), checkBoxStyle(2));
     QVERIFY(!parts.check->isChecked());
 
     QSpacerItem *gap = root->itemAt(1)->spacerItem();
@@ -776,7 +792,7 @@ void tst_OMessageBox::skins()
     const Parts parts = partsOf(box.get());
     QCOMPARE(parts.content->styleSheet(), style.contentStyle);
     QCOMPARE(parts.heading->styleSheet(), style.headingStyle);
-    QCOMPARE(parts.message->styleSheet(), messageStyle);
+    QCOMPARE(parts.message->styleSheet(), messageStyle(skin));
     QCOMPARE(parts.buttons.at(0)->styleSheet(), style.secondaryButtonStyle);
     QCOMPARE(parts.buttons.at(1)->styleSheet(), style.primaryButtonStyle);
 
@@ -876,6 +892,65 @@ void tst_OMessageBox::look()
         QVERIFY(parts.check->geometry().bottom() < parts.buttons.first()->mapTo(parts.content, QPoint(0, 0)).y());
     }
     box->hide();
+}
+
+void tst_OMessageBox::closeButtonNamedWithoutFocus()
+{
+    auto box = makeBox(Orvane::Success, {QStringLiteral("OK")}, QStringLiteral("Saved."));
+    const Parts parts = partsOf(box.get());
+    QVERIFY(parts.closeButton);
+    QCOMPARE(parts.closeButton->focusPolicy(), Qt::NoFocus);
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(parts.closeButton);
+    QVERIFY(accessible);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Close"));
+}
+
+void tst_OMessageBox::returnOnFreshBoxNeverCloses()
+{
+    // Return goes to the content's first button, never to the bar's close
+    // button (which would give 0).
+    QString focused;
+    whenModal([&focused](QWidget *box) {
+        QWidget *focus = QApplication::focusWidget();
+        focused = focus ? focus->objectName() + QLatin1Char('|') + QString::fromLatin1(focus->metaObject()->className())
+                        : QStringLiteral("none");
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    const int result = OMessageBox::popupTips(Orvane::Attention, {QStringLiteral("Keep"), QStringLiteral("Delete")},
+                                              QStringLiteral("Delete the file?"), QString(), -1, QString(),
+                                              std::function<void(bool)>());
+    QVERIFY2(result != 0, qPrintable(focused));
+    QCOMPARE(result, 1);
+}
+
+void tst_OMessageBox::tabReachesButtonsAndSpaceClicks()
+{
+    QStringList visited;
+    whenModal([&visited](QWidget *box) {
+        const Parts parts = partsOf(box);
+        // Tab walks the check box and the buttons, never the close button.
+        for (int i = 0; i < 8; ++i) {
+            QWidget *focus = QApplication::focusWidget();
+            if (focus == parts.closeButton)
+                visited << QStringLiteral("close");
+            else if (auto *b = qobject_cast<QPushButton *>(focus))
+                visited << b->text();
+            else if (qobject_cast<QCheckBox *>(focus))
+                visited << QStringLiteral("check");
+            QTest::keyClick(focus ? focus : box, Qt::Key_Tab);
+        }
+        // Focus the third button by Tab and press Space on it.
+        for (int i = 0; i < 8 && QApplication::focusWidget() != parts.buttons.value(2); ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    });
+    const int result = OMessageBox::popupTips(
+        Orvane::Attention, {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")},
+        QStringLiteral("Choose."), QStringLiteral("Heading"), -1, QStringLiteral("Remember"), [](bool) {});
+    QCOMPARE(result, 3);
+    QVERIFY(!visited.contains(QStringLiteral("close")));
+    for (const QString &name : {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("check")})
+        QVERIFY2(visited.contains(name), qPrintable(visited.join(QLatin1Char(','))));
 }
 
 void tst_OMessageBox::okTranslated()
