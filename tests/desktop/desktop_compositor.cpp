@@ -108,7 +108,10 @@ void DesktopCompositorTest::bandAroundPanel()
         dialog.reset(new BarDialog(m_main, skin));
         dialog->setWindowTitle(QStringLiteral("Settings"));
         auto *layout = dialog->makeVBoxLayout(dialog.data(), 20, 10);
-        layout->addWidget(new QLabel(QStringLiteral("The content area.")));
+        // The host's own text, in a colour that reads on the skin's panel.
+        auto *text = new QLabel(QStringLiteral("The content area."));
+        text->setStyleSheet(skin == 2 ? QStringLiteral("QLabel{color:#E3E3E3;}") : QString());
+        layout->addWidget(text);
         dialog->resize(440, 280);
     }
     dialog->show();
