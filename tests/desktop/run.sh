@@ -19,8 +19,11 @@ SHOTS="$BUILD/desktop-shots"
 started_at=$(date +%s)
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/orvane-desktop.XXXXXX")
-mkdir -p "$work/home" "$SHOTS"
-chmod 700 "$work"
+mkdir -p "$work/home" "$work/xdg" "$SHOTS"
+chmod 700 "$work" "$work/xdg"
+# A private runtime directory, also the home of weston's socket.
+XDG_RUNTIME_DIR="$work/xdg"
+export XDG_RUNTIME_DIR
 pids=""
 passed=0
 failed=0
@@ -58,49 +61,40 @@ wait_for() {
     done
 }
 
-# start_x <screens>: an Xvfb with that many 1920x1080 screens, on a display
-# number it picks itself, and openbox; sets DISPLAY.
-start_x() {
-    screens=""
-    n=0
-    while [ $n -lt "$1" ]; do screens="$screens -screen $n 1920x1080x24"; n=$((n + 1)); done
-    rm -f "$work/displayfd"
-    # shellcheck disable=SC2086
-    Xvfb -displayfd 3 $screens +xinerama +extension Composite -nolisten tcp -noreset \
-        3>"$work/displayfd" >"$work/xvfb-$1.log" 2>&1 &
+# After an X server was started in the background with -displayfd 3 into
+# $work/displayfd: records its id, sets DISPLAY once it answers, starts
+# openbox. x_started <server name> <its log> <screens>
+x_started() {
     xpid=$!
     pids="$pids $xpid"
-    wait_for "test -s '$work/displayfd'" || { echo "Xvfb did not start"; cat "$work/xvfb-$1.log"; exit 1; }
+    wait_for "test -s '$work/displayfd'" || { echo "$1 did not start"; cat "$2"; exit 1; }
     DISPLAY=":$(head -n1 "$work/displayfd")"
     export DISPLAY
-    wait_for "xdpyinfo" || { echo "Xvfb on $DISPLAY does not answer"; exit 1; }
-    start_wm "$1"
-}
-
-start_wm() {
-    openbox --sm-disable >"$work/openbox-$1.log" 2>&1 &
+    wait_for "xdpyinfo" || { echo "$1 on $DISPLAY does not answer"; exit 1; }
+    openbox --sm-disable >"$work/openbox-$3.log" 2>&1 &
     wmpid=$!
     pids="$pids $wmpid"
     # openbox sets _NET_SUPPORTING_WM_CHECK once it manages the screen.
     wait_for "xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'" || { echo "openbox did not start"; exit 1; }
-    echo "== X server $DISPLAY with $1 screen(s), openbox"
+    echo "== $1 $DISPLAY with $3 screen(s), openbox"
 }
 
-# start_two_screens: X.Org on the dummy driver with two 1920x1080 screens
-# side by side under Xinerama (Xvfb puts every Xinerama head at 0,0), and
-# openbox; sets DISPLAY.
+# Xvfb with one 1920x1080 screen, on a display number it picks itself.
+start_x() {
+    rm -f "$work/displayfd"
+    Xvfb -displayfd 3 -screen 0 1920x1080x24 +extension Composite -nolisten tcp -noreset \
+        3>"$work/displayfd" >"$work/xvfb.log" 2>&1 &
+    x_started Xvfb "$work/xvfb.log" 1
+}
+
+# X.Org on the dummy driver with two 1920x1080 screens side by side under
+# Xinerama (Xvfb puts every Xinerama head at 0,0).
 start_two_screens() {
     mkdir -p "$work/xorg.conf.d"
     rm -f "$work/displayfd"
     Xorg -config "$HERE/xorg-two-screens.conf" -configdir "$work/xorg.conf.d" -noreset -nolisten tcp \
         -logfile "$work/xorg.log" -displayfd 3 3>"$work/displayfd" >"$work/xorg.out" 2>&1 &
-    xpid=$!
-    pids="$pids $xpid"
-    wait_for "test -s '$work/displayfd'" || { echo "X.Org did not start"; cat "$work/xorg.out"; exit 1; }
-    DISPLAY=":$(head -n1 "$work/displayfd")"
-    export DISPLAY
-    wait_for "xdpyinfo" || { echo "X.Org on $DISPLAY does not answer"; exit 1; }
-    start_wm 2
+    x_started X.Org "$work/xorg.out" 2
 }
 
 stop_x() {
@@ -154,7 +148,7 @@ run() {
 export QT_QPA_PLATFORM=xcb
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 
-start_x 1
+start_x
 start_buses
 run "dialogs (X11)" "$BIN/desktop_dialogs"
 # Dialogs follow the compositor's state when they open: without, with, and
@@ -174,15 +168,13 @@ run "two screens" "$BIN/desktop_screens"
 stop_x
 
 echo "== Wayland (weston, headless backend)"
-mkdir -p "$work/xdg"
-chmod 700 "$work/xdg"
 socket="orvane-desktop-$$"
-XDG_RUNTIME_DIR="$work/xdg" weston --backend=headless-backend.so --socket="$socket" --idle-time=0 \
+weston --backend=headless-backend.so --socket="$socket" --idle-time=0 \
     --width=1920 --height=1080 >"$work/weston.log" 2>&1 &
 westonpid=$!
 pids="$pids $westonpid"
 if wait_for "test -S '$work/xdg/$socket'"; then
-    run "dialogs (Wayland)" env -u DISPLAY XDG_RUNTIME_DIR="$work/xdg" WAYLAND_DISPLAY="$socket" \
+    run "dialogs (Wayland)" env -u DISPLAY WAYLAND_DISPLAY="$socket" \
         QT_QPA_PLATFORM=wayland "$BIN/desktop_dialogs"
 else
     failed=$((failed + 1))
