@@ -23,11 +23,12 @@ test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure --parallel $(JOBS)
 
 # The interaction tests on real desktops, not run by `make test`: real XTest
-# input under Xvfb and openbox, the accessibility bus, xcompmgr, and weston's
-# headless Wayland backend (see tests/desktop/run.sh). The packages come
-# first: the configure step looks for Xlib and XTest.
-DESKTOP_PACKAGES = xvfb openbox libx11-dev libxtst-dev x11-utils procps dbus dbus-x11 xserver-xorg-core xserver-xorg-video-dummy \
-	at-spi2-core python3-pyatspi xcompmgr weston qtwayland5
+# input under Xvfb (two screens: X.Org's dummy driver) and openbox, the
+# accessibility bus, xcompmgr, and weston's headless Wayland backend (see
+# tests/desktop/run.sh). The packages come first: the configure step looks
+# for Xlib and XTest.
+DESKTOP_PACKAGES = xvfb xserver-xorg-core xserver-xorg-video-dummy openbox libx11-dev libxtst-dev \
+	x11-utils procps dbus dbus-x11 at-spi2-core python3-pyatspi xcompmgr weston qtwayland5
 test-desktop:
 	@sh scripts/install-deps.sh $(DESKTOP_PACKAGES)
 	$(MAKE) configure
