@@ -56,6 +56,14 @@ QStringList objectNames(QWidget *root)
     return names;
 }
 
+void showAt(QWidget *dialog, const QPoint &position)
+{
+    dialog->resize(320, 200);
+    dialog->move(position);
+    dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(dialog));
+}
+
 void save(const QImage &image, const QString &name)
 {
     image.save(QDir::temp().filePath(QStringLiteral("orvane-%1.png").arg(name)), "PNG");
@@ -223,10 +231,7 @@ void tst_DialogPlatform::systemMoveOnFirstMoveOnly()
 {
     Orvane::setSystemMoveOverride(1);
     Probe dialog(2);
-    dialog.resize(320, 200);
-    dialog.move(200, 150);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    showAt(&dialog, QPoint(200, 150));
     const QPoint start = dialog.pos();
     QWindow *window = dialog.windowHandle();
     const QPoint grip(dialog.barOverlay->mapTo(&dialog, QPoint(dialog.barOverlay->width() / 2, 10)));
@@ -268,10 +273,7 @@ void tst_DialogPlatform::deltaMoveCounted()
 {
     Orvane::setSystemMoveOverride(0);
     Probe dialog(2);
-    dialog.resize(320, 200);
-    dialog.move(200, 150);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    showAt(&dialog, QPoint(200, 150));
     const QPoint start = dialog.pos();
     QWindow *window = dialog.windowHandle();
     // Global positions, mapped into the window as it is at each event.
