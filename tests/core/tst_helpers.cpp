@@ -462,7 +462,9 @@ void tst_Helpers::moveToCenterOfWindowLastWins()
     QMainWindow first;
     first.setGeometry(0, 0, 200, 200);
     QMainWindow second;
-    second.setGeometry(1000, 1000, 400, 400);
+    // On the screen, so that keeping the widget on a screen changes nothing
+    // whichever main window comes last.
+    second.setGeometry(400, 250, 300, 300);
     HintedWidget widget;
 
     QMainWindow *last = nullptr;
