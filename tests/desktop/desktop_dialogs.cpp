@@ -6,7 +6,6 @@
 #include "desktopinput.h"
 
 #include <Orvane/bardialog.h>
-#include <Orvane/dialogskinstyle.h>
 #include <Orvane/omessagebox.h>
 
 #if __has_include("dialogs/dialogplatform_p.h")
