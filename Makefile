@@ -22,7 +22,7 @@ BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build test test-windows demo install images lupdate clean fuzz bench check-sanitize check-valgrind
+.PHONY: all deps configure build test test-desktop test-windows demo install images lupdate clean fuzz bench check-sanitize check-valgrind
 
 all: build
 
@@ -37,6 +37,19 @@ build: configure
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure --parallel $(JOBS)
+
+# The interaction tests on real desktops, not run by `make test`: real XTest
+# input under Xvfb (two screens: X.Org's dummy driver) and openbox, the
+# accessibility bus, xcompmgr, and weston's headless Wayland backend (see
+# tests/desktop/run.sh). The packages come first: the configure step looks
+# for Xlib and XTest.
+DESKTOP_PACKAGES = xvfb xserver-xorg-core xserver-xorg-video-dummy openbox libx11-dev libxtst-dev \
+	x11-utils procps dbus dbus-x11 at-spi2-core python3-pyatspi xcompmgr weston qtwayland5
+test-desktop:
+	@sh scripts/install-deps.sh $(DESKTOP_PACKAGES)
+	$(MAKE) configure
+	cmake --build $(BUILD) --parallel $(JOBS) --target desktop-tests
+	sh tests/desktop/run.sh $(BUILD)
 
 # The Windows-only source cross-built with mingw-w64 and tested under wine,
 # headless, with a wine prefix in $(BUILD)/windows (see tests/windows/run.sh).
