@@ -48,7 +48,7 @@ DESKTOP_PACKAGES = xvfb xserver-xorg-core xserver-xorg-video-dummy openbox libx1
 test-desktop:
 	@sh scripts/install-deps.sh $(DESKTOP_PACKAGES)
 	$(MAKE) configure
-	cmake --build $(BUILD) --parallel $(JOBS) --target desktop-tests
+	cmake --build $(BUILD) --parallel $(JOBS) --target desktop-tests tst_imagebutton tst_buttonstyles
 	sh tests/desktop/run.sh $(BUILD)
 
 # The Windows-only source cross-built with mingw-w64 and tested under wine,

@@ -176,6 +176,12 @@ pids="$pids $westonpid"
 if wait_for "test -S '$work/xdg/$socket'"; then
     run "dialogs (Wayland)" env -u DISPLAY WAYLAND_DISPLAY="$socket" \
         QT_QPA_PLATFORM=wayland "$BIN/desktop_dialogs"
+    # The button suites as they are: their look and mouse states do not
+    # depend on where a window may be placed.
+    for suite in tst_imagebutton tst_buttonstyles; do
+        run "$suite (Wayland)" env -u DISPLAY WAYLAND_DISPLAY="$socket" \
+            QT_QPA_PLATFORM=wayland "$BUILD/tests/widgets/$suite"
+    done
 else
     failed=$((failed + 1))
     failures="$failures
