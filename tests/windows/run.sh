@@ -122,6 +122,11 @@ mkdir -p "$bin"
 cp -ru "$runtime"/. "$bin/"
 
 echo "Running the suite under wine"
+# Programs outside bin/ (a test with a folder of its own) find the DLLs and
+# the platform plugins there too.
+winpath() { printf 'Z:%s' "$1" | tr / '\\'; }
+export WINEPATH="$(winpath "$bin")"
+export QT_PLUGIN_PATH="$(winpath "$bin")"
 # tst_version checks the other platforms' version rule (see the README).
 ctest --test-dir "$build" --output-on-failure --parallel "${JOBS:-2}" -E '^tst_version$' > "$top/ctest.log" 2>&1 || true
 cat "$top/ctest.log"
