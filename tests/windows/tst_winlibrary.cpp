@@ -15,6 +15,8 @@
 
 #include <qt_windows.h>
 
+#include "debuggerloop.h"
+
 #include <string>
 #include <vector>
 
@@ -58,17 +60,6 @@ QString fileVersionOf(const QString &path, const QString &key, QString *text)
         .arg(LOWORD(info->dwFileVersionLS));
 }
 
-QByteArray readDebugString(HANDLE process, const OUTPUT_DEBUG_STRING_INFO &info)
-{
-    QByteArray bytes(info.nDebugStringLength, '\0');
-    SIZE_T read = 0;
-    ReadProcessMemory(process, info.lpDebugStringData, bytes.data(), SIZE_T(bytes.size()), &read);
-    if (info.fUnicode)
-        return QByteArrayLiteral("(wide string)");
-    bytes.truncate(int(qstrnlen(bytes.constData(), uint(read))));
-    return bytes;
-}
-
 } // namespace
 
 class tst_WinLibrary : public QObject
@@ -104,53 +95,15 @@ void tst_WinLibrary::logLinesReachTheDebugger()
 {
     QTemporaryDir folder;
     QVERIFY(folder.isValid());
-    std::wstring command = L"\"" + QCoreApplication::applicationFilePath().toStdWString() + L"\" --debuggee \""
+    const std::wstring command = L"\"" + QCoreApplication::applicationFilePath().toStdWString() + L"\" --debuggee \""
         + QDir::toNativeSeparators(folder.path()).toStdWString() + L"\"";
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION child = {};
-    QVERIFY2(CreateProcessW(nullptr, &command[0], nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS, nullptr,
-                            nullptr, &startup, &child),
-             qPrintable(QStringLiteral("CreateProcessW error %1").arg(GetLastError())));
+    const DebugRun run = runUnderDebugger(command);
+    QVERIFY2(run.started, qPrintable(QStringLiteral("CreateProcessW error %1").arg(run.startError)));
+    QVERIFY(run.exited);
+    QCOMPARE(run.exitCode, DWORD(0));
     QList<QByteArray> seen;
-    DWORD exitCode = 0xFFFFFFFF;
-    bool exited = false;
-    while (!exited) {
-        DEBUG_EVENT event = {};
-        if (!WaitForDebugEvent(&event, 60000)) {
-            TerminateProcess(child.hProcess, 1);
-            break;
-        }
-        DWORD status = DBG_CONTINUE;
-        switch (event.dwDebugEventCode) {
-        case CREATE_PROCESS_DEBUG_EVENT:
-            if (event.u.CreateProcessInfo.hFile)
-                CloseHandle(event.u.CreateProcessInfo.hFile);
-            break;
-        case LOAD_DLL_DEBUG_EVENT:
-            if (event.u.LoadDll.hFile)
-                CloseHandle(event.u.LoadDll.hFile);
-            break;
-        case OUTPUT_DEBUG_STRING_EVENT:
-            seen.append(readDebugString(child.hProcess, event.u.DebugString));
-            break;
-        case EXCEPTION_DEBUG_EVENT:
-            if (event.u.Exception.ExceptionRecord.ExceptionCode != EXCEPTION_BREAKPOINT)
-                status = DBG_EXCEPTION_NOT_HANDLED;
-            break;
-        case EXIT_PROCESS_DEBUG_EVENT:
-            exitCode = event.u.ExitProcess.dwExitCode;
-            exited = true;
-            break;
-        default:
-            break;
-        }
-        ContinueDebugEvent(event.dwProcessId, event.dwThreadId, status);
-    }
-    CloseHandle(child.hThread);
-    CloseHandle(child.hProcess);
-    QVERIFY(exited);
-    QCOMPARE(exitCode, DWORD(0));
+    for (const std::string &text : run.strings)
+        seen.append(QByteArray::fromStdString(text));
 
     // Each logged line arrives whole, in the logger's format, and the very
     // next call carries "\r\n" alone.
