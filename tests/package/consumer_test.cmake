@@ -32,10 +32,9 @@ run("${CMAKE_COMMAND}" -S "${CONSUMER_SOURCE}" -B "${build}" -G "${CMAKE_GENERAT
 run("${CMAKE_COMMAND}" --build "${build}")
 find_program(consumer NAMES orvane-consumer orvane-consumer.exe PATHS "${build}" NO_DEFAULT_PATH REQUIRED)
 if(RUNTIME)
-    # The installed Orvane.dll first, then Qt's and the compiler's.
-    string(REPLACE "/" "\\" dlls "Z:${prefix}/bin;Z:${RUNTIME}")
-    set(ENV{WINEPATH} "${dlls}")
-    set(ENV{QT_PLUGIN_PATH} "Z:${RUNTIME}")
+    # Deployed as on Windows: the installed Orvane.dll, Qt's DLLs, the
+    # platform plugins and the compiler's runtime beside the program.
+    file(COPY "${RUNTIME}/" "${prefix}/bin/Orvane.dll" DESTINATION "${build}")
 endif()
 run(${EMULATOR} "${consumer}")
 # Under wine a Qt program's own output does not reach the pipe: there its
