@@ -34,7 +34,8 @@ inline QMap<QString, QString> runLocaleProbe(const QString &lcAll, const QString
         qWarning() << "locale probe failed:" << probe.exitCode() << probe.readAllStandardError();
         return result;
     }
-    const QStringList lines = QString::fromUtf8(probe.readAllStandardOutput()).split(QLatin1Char('\n'));
+    // Windows' text mode ends the probe's lines with "\r\n".
+    const QStringList lines = QString::fromUtf8(probe.readAllStandardOutput()).remove(QLatin1Char('\r')).split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         const int eq = line.indexOf(QLatin1Char('='));
         if (eq < 0)

@@ -14,6 +14,11 @@ inline bool usePrivateSettings(const QString &applicationName, const QString &fo
 {
     QCoreApplication::setOrganizationName(QStringLiteral("OrvaneTests"));
     QCoreApplication::setApplicationName(applicationName);
+#ifdef Q_OS_WIN
+    // Windows' native settings live in the registry, which has no folder:
+    // the default settings become an INI file there instead.
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+#endif
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder);
     return QSettings().fileName().startsWith(folder);

@@ -11,6 +11,7 @@
 // Prints one line per check and ends with "N passed, N failed"; the exit code
 // is 0 only when every check passed.
 
+#include "debuggerloop.h"
 #include "winplatform_p.h"
 
 #include <windows.h>
@@ -238,18 +239,6 @@ int runDebuggee()
     return 0;
 }
 
-std::string readDebugString(HANDLE process, const OUTPUT_DEBUG_STRING_INFO &info)
-{
-    // The length is a 16-bit count that includes the closing NUL.
-    const size_t length = info.nDebugStringLength;
-    std::vector<char> bytes(length + 1, '\0');
-    SIZE_T read = 0;
-    ReadProcessMemory(process, info.lpDebugStringData, bytes.data(), length, &read);
-    if (info.fUnicode)
-        return "(wide string)";
-    return std::string(bytes.data(), strnlen(bytes.data(), read));
-}
-
 // Without a debugger the calls do nothing visible; they must not fail.
 void debuggerOutputAlone()
 {
@@ -262,52 +251,15 @@ void debuggerOutputAlone()
 // it sends to the debugger.
 void debuggerOutputSeenByDebugger()
 {
-    std::wstring command = L"\"" + ownPath() + L"\" --debuggee";
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION child = {};
-    if (!CreateProcessW(nullptr, &command[0], nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS, nullptr,
-                        nullptr, &startup, &child)) {
-        check(false, "debuggee started", "CreateProcessW error " + std::to_string(GetLastError()));
+    const std::wstring command = L"\"" + ownPath() + L"\" --debuggee";
+    const DebugRun run = runUnderDebugger(command);
+    if (!run.started) {
+        check(false, "debuggee started", "CreateProcessW error " + std::to_string(run.startError));
         return;
     }
-    std::vector<std::string> seen;
-    DWORD exitCode = 0xFFFFFFFF;
-    bool exited = false;
-    while (!exited) {
-        DEBUG_EVENT event = {};
-        if (!WaitForDebugEvent(&event, 30000)) {
-            TerminateProcess(child.hProcess, 1);
-            break;
-        }
-        DWORD status = DBG_CONTINUE;
-        switch (event.dwDebugEventCode) {
-        case CREATE_PROCESS_DEBUG_EVENT:
-            if (event.u.CreateProcessInfo.hFile)
-                CloseHandle(event.u.CreateProcessInfo.hFile);
-            break;
-        case LOAD_DLL_DEBUG_EVENT:
-            if (event.u.LoadDll.hFile)
-                CloseHandle(event.u.LoadDll.hFile);
-            break;
-        case OUTPUT_DEBUG_STRING_EVENT:
-            seen.push_back(readDebugString(child.hProcess, event.u.DebugString));
-            break;
-        case EXCEPTION_DEBUG_EVENT:
-            if (event.u.Exception.ExceptionRecord.ExceptionCode != EXCEPTION_BREAKPOINT)
-                status = DBG_EXCEPTION_NOT_HANDLED;
-            break;
-        case EXIT_PROCESS_DEBUG_EVENT:
-            exitCode = event.u.ExitProcess.dwExitCode;
-            exited = true;
-            break;
-        default:
-            break;
-        }
-        ContinueDebugEvent(event.dwProcessId, event.dwThreadId, status);
-    }
-    CloseHandle(child.hThread);
-    CloseHandle(child.hProcess);
+    const std::vector<std::string> &seen = run.strings;
+    const bool exited = run.exited;
+    const DWORD exitCode = run.exitCode;
 
     check(exited && exitCode == 0, "debuggee ran to its end", "exit code " + std::to_string(exitCode));
     const std::vector<std::string> expected = expectedDebugStrings();
