@@ -46,6 +46,15 @@ int &barIconSize()
     return size;
 }
 
+// The constructor's answer to platformShowsTranslucency(), handed to
+// setupUI() so that the platform is asked once per dialog; -1 outside the
+// constructor, where setupUI() asks itself.
+int &translucencyForSetup()
+{
+    static int answer = -1;
+    return answer;
+}
+
 void store(QPixmap *&slot, const QPixmap &pixmap)
 {
     if (slot)
@@ -75,14 +84,17 @@ BarDialog::BarDialog(QWidget *parent, int skin, Qt::WindowFlags flags)
     const bool translucent = platformShowsTranslucency(parent);
     if (translucent)
         setAttribute(Qt::WA_TranslucentBackground);
+    translucencyForSetup() = translucent ? 1 : 0;
     setupUI(skin);
+    translucencyForSetup() = -1;
 }
 
 BarDialog::~BarDialog() = default;
 
 void BarDialog::setupUI(int skin)
 {
-    const bool translucent = testAttribute(Qt::WA_TranslucentBackground) || platformShowsTranslucency(parentWidget());
+    const bool translucent =
+        translucencyForSetup() >= 0 ? translucencyForSetup() != 0 : platformShowsTranslucency(parentWidget());
     const DialogSkinStyle style = translucent ? dialogSkinStyle(skin) : opaqueDialogSkinStyle(skin);
     barIconSize() = style.barIconSize;
 
