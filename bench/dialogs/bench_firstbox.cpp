@@ -13,6 +13,7 @@
 #include <Orvane/omessagebox.h>
 
 #include "benchsummary.h"
+#include "dialogs/paintcounter.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -32,20 +33,7 @@ constexpr int Runs = 15;
 
 const QString note = QStringLiteral("The file was saved.");
 
-// Counts the paint events of the window it watches.
-class PaintCounter : public QObject
-{
-public:
-    int paints = 0;
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint && watched->isWidgetType() && static_cast<QWidget *>(watched)->isWindow())
-            ++paints;
-        return false;
-    }
-};
+using OrvaneBench::PaintCounter;
 
 double cpuMs()
 {
