@@ -5,7 +5,7 @@
 # examples/consumer (CMake) and tests/package/host (its qmake project and its
 # pkg-config Makefile) against the installed packages, offscreen.
 #
-#   sh deb_chroot.sh <directory with liborvane1_*.deb and liborvane-dev_*.deb> <source tree>
+#   sh deb_chroot.sh <directory with the two .debs of `make package`> <source tree>
 #
 # Needs root (chroot and mounts). The clean root comes from
 # `debootstrap --variant=minbase bookworm` from Debian's mirror. To keep a
@@ -27,11 +27,18 @@ cache=${ORVANE_CHROOT_CACHE:-/var/cache/orvane}
 start=$(date +%s)
 
 [ "$(id -u)" -eq 0 ] || { echo "deb_chroot.sh needs root (chroot, mount)"; exit 1; }
-set -- "$debs"/liborvane1_*.deb
+# The Qt 5 packages (liborvane1, liborvane-dev) or the Qt 6 ones
+# (liborvane6-1, liborvane6-dev), whichever the folder holds.
+if [ -n "$(ls "$debs"/liborvane6-dev_*.deb 2>/dev/null)" ]; then
+    qt=6; package=Orvane6; lib_pkg=liborvane6-1; dev_pkg=liborvane6-dev; qmake=qmake6
+else
+    qt=5; package=Orvane; lib_pkg=liborvane1; dev_pkg=liborvane-dev; qmake=qmake
+fi
+set -- "$debs/${lib_pkg}"_*.deb
 lib=$1
-set -- "$debs"/liborvane-dev_*.deb
+set -- "$debs/${dev_pkg}"_*.deb
 dev=$1
-[ -f "$lib" ] && [ -f "$dev" ] || { echo "no liborvane1/liborvane-dev packages in $debs"; exit 1; }
+[ -f "$lib" ] && [ -f "$dev" ] || { echo "no $lib_pkg/$dev_pkg packages in $debs"; exit 1; }
 
 mkdir -p "$cache/apt-archives/partial"
 base="$cache/bookworm-minbase-$(date -u +%Y%m%d).tar"
@@ -106,7 +113,7 @@ in_root apt-get -o Acquire::Retries=3 update -qq
 in_root apt-get install -y -qq --no-install-recommends -o Dpkg::Use-Pty=0 -o Dpkg::Options::=--force-unsafe-io \
     "/tmp/debs/$(basename "$lib")" "/tmp/debs/$(basename "$dev")" cmake g++ make pkg-config > "$root/tmp/apt.log" 2>&1 \
     || { tail -n 40 "$root/tmp/apt.log"; exit 1; }
-in_root dpkg-query -W liborvane1 liborvane-dev
+in_root dpkg-query -W "$lib_pkg" "$dev_pkg"
 
 # An ordinary user of that machine builds the projects.
 in_root useradd -m builder
@@ -124,22 +131,22 @@ check() {
     out=$(as_user "$@" 2>&1) || { echo "$name failed:"; echo "$out"; exit 1; }
     line=$(printf '%s\n' "$out" | tail -n 1)
     case $line in
-        "Orvane 1.0.0("*") Qt 5."*) echo "$name: $line" ;;
+        "Orvane 1.0.0("*") Qt $qt."*) echo "$name: $line" ;;
         *) echo "$name: unexpected output:"; echo "$out"; exit 1 ;;
     esac
 }
 
-as_user sh -c 'cd /tmp/projects && cmake -S consumer -B consumer-build -DCMAKE_BUILD_TYPE=Release > consumer.log 2>&1 && cmake --build consumer-build >> consumer.log 2>&1' \
+as_user sh -c 'cd /tmp/projects && cmake -S consumer -B consumer-build -DCMAKE_BUILD_TYPE=Release -DORVANE_PACKAGE='"$package"' > consumer.log 2>&1 && cmake --build consumer-build >> consumer.log 2>&1' \
     || { cat "$root/tmp/projects/consumer.log"; exit 1; }
 check "CMake consumer" /tmp/projects/consumer-build/orvane-consumer
 
 # qmake finds the module in Qt's own mkspecs folder: no QMAKEPATH.
-as_user sh -c 'mkdir /tmp/projects/qmake-build && cd /tmp/projects/qmake-build && qmake ../host/host.pro > ../qmake.log 2>&1 && make >> ../qmake.log 2>&1' \
+as_user sh -c 'mkdir /tmp/projects/qmake-build && cd /tmp/projects/qmake-build && '"$qmake"' ../host/host.pro > ../qmake.log 2>&1 && make >> ../qmake.log 2>&1' \
     || { cat "$root/tmp/projects/qmake.log"; exit 1; }
 check "qmake project" /tmp/projects/qmake-build/orvane-qmake-host
 
-# pkg-config finds Orvane.pc in the system's folder: no PKG_CONFIG_PATH.
-as_user sh -c 'mkdir /tmp/projects/pkgconfig-build && cd /tmp/projects/pkgconfig-build && make -f ../host/pkgconfig.mk > ../pkgconfig.log 2>&1' \
+# pkg-config finds the .pc file in the system's folder: no PKG_CONFIG_PATH.
+as_user sh -c 'mkdir /tmp/projects/pkgconfig-build && cd /tmp/projects/pkgconfig-build && make -f ../host/pkgconfig.mk ORVANE='"$package"' > ../pkgconfig.log 2>&1' \
     || { cat "$root/tmp/projects/pkgconfig.log"; exit 1; }
 check "pkg-config project" /tmp/projects/pkgconfig-build/orvane-pkgconfig-host
 
