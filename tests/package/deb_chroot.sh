@@ -86,7 +86,19 @@ cleanup() {
     fi
 }
 trap cleanup EXIT
-trap 'exit 1' INT TERM HUP
+# The long steps run in the background and are waited for, so that a signal
+# is seen at once: the step is stopped by its process id, and cleanup stops
+# whatever it started inside the root.
+step=""
+trap '[ -z "$step" ] || kill "$step" 2>/dev/null; exit 1' INT TERM HUP
+run() {
+    "$@" &
+    step=$!
+    wait "$step"
+    rc=$?
+    step=""
+    return $rc
+}
 
 mount -t tmpfs -o size=4g,mode=0755 orvane-root "$root" && mounts="$root"
 tar -C "$root" -xf "$base"
@@ -108,9 +120,9 @@ in_root() {
         DEBIAN_FRONTEND=noninteractive "$@"
 }
 echo "apt-get install ./$(basename "$lib") ./$(basename "$dev") cmake g++ make pkg-config"
-in_root apt-get -o Acquire::Retries=3 update -qq
+run in_root apt-get -o Acquire::Retries=3 update -qq
 # dpkg need not sync a root that is thrown away.
-in_root apt-get install -y -qq --no-install-recommends -o Dpkg::Use-Pty=0 -o Dpkg::Options::=--force-unsafe-io \
+run in_root apt-get install -y -qq --no-install-recommends -o Dpkg::Use-Pty=0 -o Dpkg::Options::=--force-unsafe-io \
     "/tmp/debs/$(basename "$lib")" "/tmp/debs/$(basename "$dev")" cmake g++ make pkg-config > "$root/tmp/apt.log" 2>&1 \
     || { tail -n 40 "$root/tmp/apt.log"; exit 1; }
 in_root dpkg-query -W "$lib_pkg" "$dev_pkg"
@@ -136,17 +148,17 @@ check() {
     esac
 }
 
-as_user sh -c 'cd /tmp/projects && cmake -S consumer -B consumer-build -DCMAKE_BUILD_TYPE=Release -DORVANE_PACKAGE='"$package"' > consumer.log 2>&1 && cmake --build consumer-build >> consumer.log 2>&1' \
+run as_user sh -c 'cd /tmp/projects && cmake -S consumer -B consumer-build -DCMAKE_BUILD_TYPE=Release -DORVANE_PACKAGE='"$package"' > consumer.log 2>&1 && cmake --build consumer-build >> consumer.log 2>&1' \
     || { cat "$root/tmp/projects/consumer.log"; exit 1; }
 check "CMake consumer" /tmp/projects/consumer-build/orvane-consumer
 
 # qmake finds the module in Qt's own mkspecs folder: no QMAKEPATH.
-as_user sh -c 'mkdir /tmp/projects/qmake-build && cd /tmp/projects/qmake-build && '"$qmake"' ../host/host.pro > ../qmake.log 2>&1 && make >> ../qmake.log 2>&1' \
+run as_user sh -c 'mkdir /tmp/projects/qmake-build && cd /tmp/projects/qmake-build && '"$qmake"' ../host/host.pro > ../qmake.log 2>&1 && make >> ../qmake.log 2>&1' \
     || { cat "$root/tmp/projects/qmake.log"; exit 1; }
 check "qmake project" /tmp/projects/qmake-build/orvane-qmake-host
 
 # pkg-config finds the .pc file in the system's folder: no PKG_CONFIG_PATH.
-as_user sh -c 'mkdir /tmp/projects/pkgconfig-build && cd /tmp/projects/pkgconfig-build && make -f ../host/pkgconfig.mk ORVANE='"$package"' > ../pkgconfig.log 2>&1' \
+run as_user sh -c 'mkdir /tmp/projects/pkgconfig-build && cd /tmp/projects/pkgconfig-build && make -f ../host/pkgconfig.mk ORVANE='"$package"' > ../pkgconfig.log 2>&1' \
     || { cat "$root/tmp/projects/pkgconfig.log"; exit 1; }
 check "pkg-config project" /tmp/projects/pkgconfig-build/orvane-pkgconfig-host
 
