@@ -75,7 +75,8 @@ void tst_Gallery::initTestCase()
     QCOMPARE(gallery.exitStatus(), QProcess::NormalExit);
     QCOMPARE(gallery.exitCode(), 0);
     const QString out = QString::fromLocal8Bit(gallery.readAllStandardOutput());
-    m_printed = out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    // Windows' text mode ends the printed lines with "\r\n".
+    m_printed = QString(out).remove(QLatin1Char('\r')).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     m_shots = QDir(m_work.path()).absoluteFilePath(QStringLiteral("gallery-shots"));
     QVERIFY(!m_printed.isEmpty());
 }
