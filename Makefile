@@ -51,27 +51,32 @@ test-desktop:
 	cmake --build $(BUILD) --parallel $(JOBS) --target desktop-tests tst_imagebutton tst_buttonstyles
 	sh tests/desktop/run.sh $(BUILD)
 
-# The quick Windows check (CI): the Qt-free Windows-only source
-# (src/core/winplatform.cpp) cross-built with mingw-w64 and its test run under
-# wine, headless, with a wine prefix in $(BUILD)/windows (see
-# tests/windows/run.sh, called without a Qt).
-test-windows:
-	@sh scripts/install-deps.sh g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine64 wine
-	sh tests/windows/run.sh $(BUILD)/windows
-
-# Not in CI yet: the library cross-built for 64-bit Windows against a Qt for
-# Windows (a .tar.xz or an unpacked prefix) and its whole suite run under
-# wine, headless, on the "windows" platform plugin; the DLL's exports are
-# compared with the Linux library's. Everything lives in $(WINDOWS_BUILD):
-# the unpacked Qt, the build tree, the wine prefix (see tests/windows/run.sh).
+# Windows, cross-built with mingw-w64 and run under wine, headless, with a
+# wine prefix of its own (see tests/windows/run.sh). Always the quick check:
+# the Qt-free Windows-only source (src/core/winplatform.cpp) and its test.
+# Given a Qt for Windows (QT_WINDOWS=<.tar.xz or unpacked prefix>, a Qt 5),
+# also the whole library (Orvane.dll), every test, the gallery and the
+# consumer against the installed package, the whole suite under CTest on the
+# "windows" platform plugin, and the DLL's exports compared with the Linux
+# library's. The quick check lives in $(BUILD)/windows, the whole suite in
+# $(WINDOWS_BUILD) (the unpacked Qt, the build tree, the wine prefix).
+# test-windows-suite is the same with the shared Qt tarball as default.
 WINDOWS_BUILD ?= build-windows
-QT_WINDOWS ?= $(CURDIR)/../shared/toolchains/qt5.15.8-mingw64-posix.tar.xz
-# The Qt for Windows is a Qt 5, so this compares with the Qt 5 build.
-test-windows-suite: configure
-	@[ "$(QT)" = 5 ] || { echo "test-windows-suite builds against a Qt 5 for Windows: run it without QT=$(QT)"; exit 1; }
-	@sh scripts/install-deps.sh g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine64 wine xz-utils
+WINDOWS_PACKAGES = g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine64 wine xz-utils
+test-windows:
+ifeq ($(QT_WINDOWS),)
+	@sh scripts/install-deps.sh $(WINDOWS_PACKAGES)
+	sh tests/windows/run.sh $(BUILD)/windows
+else
+	@[ "$(QT)" = 5 ] || { echo "test-windows builds against a Qt 5 for Windows: run it without QT=$(QT)"; exit 1; }
+	@sh scripts/install-deps.sh $(WINDOWS_PACKAGES)
+	$(MAKE) configure
 	cmake --build $(BUILD) --parallel $(JOBS) --target Orvane
 	JOBS=$(JOBS) sh tests/windows/run.sh $(WINDOWS_BUILD) "$(QT_WINDOWS)" "$(abspath $(BUILD))/src/libOrvane.so"
+endif
+
+test-windows-suite:
+	$(MAKE) test-windows QT_WINDOWS="$(or $(QT_WINDOWS),$(CURDIR)/../shared/toolchains/qt5.15.8-mingw64-posix.tar.xz)"
 
 demo: build
 	cd $(BUILD) && ./examples/gallery/orvane-gallery

@@ -61,6 +61,13 @@ void appendToLog(const QByteArray &bytes)
     const HANDLE handle = reinterpret_cast<HANDLE>(_get_osfhandle(fd));
     if (handle == INVALID_HANDLE_VALUE)
         return;
+    // The append below is one system call, but not every implementation of
+    // it is atomic: wine reads the file's size and then writes there, so two
+    // threads can write at the same place and one line is lost. Writes from
+    // this process's threads therefore take turns. A slim lock needs no
+    // construction or destruction, so it also works while the process ends.
+    static SRWLOCK appendLock = SRWLOCK_INIT;
+    AcquireSRWLockExclusive(&appendLock);
     while (left > 0) {
         // Both offsets all ones: the system appends at the end of the file,
         // atomically, whatever the handle's position.
@@ -69,10 +76,11 @@ void appendToLog(const QByteArray &bytes)
         at.OffsetHigh = 0xFFFFFFFF;
         DWORD written = 0;
         if (!WriteFile(handle, data, DWORD(left), &written, &at) || written == 0)
-            return;
+            break;
         data += written;
         left -= written;
     }
+    ReleaseSRWLockExclusive(&appendLock);
 #else
     while (left > 0) {
         const ssize_t written = ::write(fd, data, size_t(left));

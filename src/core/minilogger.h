@@ -19,8 +19,10 @@
 // its line end are encoded to UTF-8 and appended with a single write on the
 // file's descriptor, which the system keeps in one piece even when several
 // threads log together, and which survives a crash (nothing is left in a
-// buffer of ours). No lock is taken. The file and its UTF-8 text stream are
-// kept in process-wide shared pointers and released at exit.
+// buffer of ours). No lock is taken on Linux; on Windows the threads' appends
+// take turns, since not every Windows implementation makes an append to the
+// end of the file atomic. The file and its UTF-8 text stream are kept in
+// process-wide shared pointers and released at exit.
 //
 // Debugger output: on Windows every line also goes to OutputDebugStringA,
 // followed by "\r\n" in a second call. Other platforms have no such facility

@@ -144,8 +144,15 @@ bool styleSheetTakesTwin()
 
 enum class PictureSource { Library, StyleSheet };
 
+//
+// At 100 % a style sheet's picture is Qt's choice too: Qt fits the picture
+// into the button's content rectangle and, when that is larger than the 1x
+// picture, draws the twin scaled down (the "windows" platform's buttons
+// leave more room than the offscreen platform's). `fromPair`, if given, is
+// Qt's own drawing of the same picture with its twin beside it, and at
+// 100 % ours must be exactly that.
 void compareWithTwin(const QImage &ours, const QImage &fromTwin, const QImage &fromOne, const char *what,
-                     PictureSource source = PictureSource::Library)
+                     PictureSource source = PictureSource::Library, const QImage &fromPair = QImage())
 {
     const double toTwin = distance(ours, fromTwin);
     const double toOne = distance(ours, fromOne);
@@ -159,7 +166,7 @@ void compareWithTwin(const QImage &ours, const QImage &fromTwin, const QImage &f
                                 .arg(toOne);
     qInfo("%s", qPrintable(message));
     if (!scaled()) {
-        QCOMPARE(ours, fromOne);
+        QCOMPARE(ours, fromPair.isNull() ? fromOne : fromPair);
     } else if (source == PictureSource::StyleSheet && !styleSheetTakesTwin()) {
         // Qt's own choice (see styleSheetTakesTwin()): drawn, and from the 1x picture.
         QVERIFY2(toOne * 4 < toTwin, qPrintable(message));
@@ -348,21 +355,27 @@ void tst_HighDpi::closeButtonIsSharp()
     const QString twin =
         lonelyCopy(m_dir, QStringLiteral(":/Orvane/kv_DlgCloseBtn@2x.png"), QStringLiteral("closetwin.png"));
     QVERIFY(!twin.isEmpty());
+    // The same picture with its twin beside it, outside the resources.
+    const QString pair = lonelyCopy(m_dir, QStringLiteral(":/Orvane/kv_DlgCloseBtn.png"), QStringLiteral("pair.png"));
+    QVERIFY(!pair.isEmpty());
+    QVERIFY(!lonelyCopy(m_dir, QStringLiteral(":/Orvane/kv_DlgCloseBtn@2x.png"), QStringLiteral("pair@2x.png"))
+                 .isEmpty());
     QWidget holder;
-    holder.resize(60, 60);
-    QPushButton *references[2];
-    for (int i = 0; i < 2; ++i) {
+    holder.resize(90, 60);
+    QPushButton *references[3];
+    const QString pictures[3] = {lonely, twin, pair};
+    for (int i = 0; i < 3; ++i) {
         references[i] = new QPushButton(&holder);
         references[i]->setFixedSize(close->size());
         references[i]->setIconSize(close->iconSize());
         QString sheet = dialogSkinStyle(2).closeButtonStyle;
-        sheet.replace(QStringLiteral(":/Orvane/kv_DlgCloseBtn.png"), i == 0 ? lonely : twin);
+        sheet.replace(QStringLiteral(":/Orvane/kv_DlgCloseBtn.png"), pictures[i]);
         references[i]->setStyleSheet(sheet);
     }
     holder.show();
     QVERIFY(QTest::qWaitForWindowExposed(&holder));
     compareWithTwin(argb(close->grab()), argb(references[1]->grab()), argb(references[0]->grab()), "close button",
-                    PictureSource::StyleSheet);
+                    PictureSource::StyleSheet, argb(references[2]->grab()));
 }
 
 void tst_HighDpi::checkBoxIndicatorIsSharp()

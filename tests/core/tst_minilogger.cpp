@@ -109,6 +109,23 @@ private:
     QStringList m_logLines;
 };
 
+// A child's environment. Its "dirPath:" line goes to Qt's default handler,
+// which on Windows writes to the debugger instead of the standard error
+// stream when the process has no console (as a child of ours has not);
+// QT_FORCE_STDERR_LOGGING sends it to the stream, as on Linux.
+QProcessEnvironment childEnvironment(QProcessEnvironment env)
+{
+    env.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
+    return env;
+}
+
+// The lines a finished child wrote to its standard error stream. The stream
+// is in text mode on Windows, where each "\n" arrives as "\r\n".
+QStringList errorLines(QProcess &child)
+{
+    return QString::fromUtf8(child.readAllStandardError()).split(QRegularExpression(QStringLiteral("\r?\n")));
+}
+
 // The child process: logs into the given directory, then either crashes with
 // qFatal or ends normally.
 int runChild(const QByteArray &mode)
@@ -336,7 +353,7 @@ void tst_MiniLogger::crashKeepsEveryLine()
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(QString::fromLatin1(childModeVariable), QStringLiteral("crash"));
     env.insert(QString::fromLatin1(childDirVariable), dir.path());
-    child.setProcessEnvironment(env);
+    child.setProcessEnvironment(childEnvironment(env));
     child.start(QCoreApplication::applicationFilePath(), QStringList());
     QVERIFY(child.waitForFinished(60000));
     QCOMPARE(child.exitStatus(), QProcess::CrashExit);
@@ -352,7 +369,7 @@ void tst_MiniLogger::crashKeepsEveryLine()
 
     // The standard error stream received the same lines, after the
     // "dirPath:" line that went to Qt's default handler.
-    QStringList errLines = QString::fromUtf8(child.readAllStandardError()).split(QLatin1Char('\n'));
+    QStringList errLines = errorLines(child);
     errLines.removeAll(QString());
     QVERIFY(errLines.size() >= childLines + 2);
     QCOMPARE(messageOf(errLines.first()), QStringLiteral("dirPath: ") + dir.path());
@@ -368,7 +385,7 @@ void tst_MiniLogger::missingDirectory()
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(QString::fromLatin1(childModeVariable), QStringLiteral("end"));
     env.insert(QString::fromLatin1(childDirVariable), missing);
-    child.setProcessEnvironment(env);
+    child.setProcessEnvironment(childEnvironment(env));
     child.start(QCoreApplication::applicationFilePath(), QStringList());
     QVERIFY(child.waitForFinished(60000));
     QCOMPARE(child.exitStatus(), QProcess::NormalExit);
@@ -377,7 +394,7 @@ void tst_MiniLogger::missingDirectory()
     QVERIFY(!QFileInfo::exists(dir.filePath(QStringLiteral("not"))));
     QVERIFY(QDir(dir.path()).isEmpty());
     // The standard error output still works.
-    QStringList errLines = QString::fromUtf8(child.readAllStandardError()).split(QLatin1Char('\n'));
+    QStringList errLines = errorLines(child);
     errLines.removeAll(QString());
     QCOMPARE(errLines.size(), childLines + 1);
     QCOMPARE(messageOf(errLines.last()), QStringLiteral("child line %1").arg(childLines - 1));

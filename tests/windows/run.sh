@@ -110,26 +110,35 @@ cp -u /usr/lib/gcc/x86_64-w64-mingw32/*-posix/libstdc++-6.dll \
 build="$top/build"
 bin="$build/bin"
 echo "Cross-building the library, its tests and the gallery in $build"
-# -O1 without debug information keeps this stage short; every executable
-# lands in one folder, beside the DLLs it needs.
+# -O1 without debug information and one precompiled header of Qt for all
+# test programs keep this stage short; every executable lands in one
+# folder, beside the DLLs it needs.
 cmake -S "$src" -B "$build" -DCMAKE_TOOLCHAIN_FILE="$src/cmake/mingw64-toolchain.cmake" \
-    -DCMAKE_PREFIX_PATH="$qt" -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG" \
+    -DCMAKE_PREFIX_PATH="$qt" -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG" -DORVANE_TEST_PCH=ON \
     -DCMAKE_RUNTIME_OUTPUT_DIRECTORY="$bin" "-DORVANE_WINE=sh;$here/wine-run.sh" \
     -DORVANE_WINDOWS_RUNTIME="$runtime" -DORVANE_LINUX_LIBRARY="$linux_lib" \
     ${WINDOWS_CMAKE_FLAGS:-} > "$top/configure.log" || { cat "$top/configure.log"; exit 1; }
+t=$(date +%s)
 cmake --build "$build" --parallel "${JOBS:-2}"
+echo "Cross-build: $(( $(date +%s) - t )) s"
 mkdir -p "$bin"
 cp -ru "$runtime"/. "$bin/"
 
 echo "Running the suite under wine"
+t=$(date +%s)
+# One wineserver for the whole suite, started here with nothing of CTest's
+# open, so that no test's output pipe is held by it.
+"$WINESERVER" -w
+"$WINESERVER" -p < /dev/null > /dev/null 2>&1 || true
+wineboot < /dev/null > /dev/null 2>&1 || true
 # Programs outside bin/ (a test with a folder of its own) find the DLLs and
 # the platform plugins there too.
 winpath() { printf 'Z:%s' "$1" | tr / '\\'; }
 export WINEPATH="$(winpath "$bin")"
 export QT_PLUGIN_PATH="$(winpath "$bin")"
-# tst_version checks the other platforms' version rule (see the README).
-ctest --test-dir "$build" --output-on-failure --parallel "${JOBS:-2}" -E '^tst_version$' > "$top/ctest.log" 2>&1 || true
+ctest --test-dir "$build" --output-on-failure --parallel "${JOBS:-2}" > "$top/ctest.log" 2>&1 || true
 cat "$top/ctest.log"
+echo "Suite under wine: $(( $(date +%s) - t )) s"
 # Which plugin each test loaded, from its own output.
 awk '/^[0-9]+\/[0-9]+ Testing: /{name=$3} /^Platform plugin: /{sub(/^Platform plugin: /,""); print "  " name ": " $0}' \
     "$build/Testing/Temporary/LastTest.log"

@@ -12,10 +12,20 @@ logs=$(mktemp -d)
 trap 'rm -rf "$logs"' EXIT
 winpath() { printf 'Z:%s' "$1" | tr / '\\'; }
 export ORVANE_PLATFORM_LOG="$(winpath "$logs/platform.txt")"
+# Wine does not hand QT_* variables to a Windows process (a Linux Qt's
+# settings must not leak into a Windows one); it hands on WINEQT_* under the
+# QT_* name. The test's own settings (QT_SCALE_FACTOR, QT_QPA_PLATFORM, ...)
+# are meant for the Windows program, so they go that way.
+for name in $(env | sed -n 's/^\(QT_[A-Za-z0-9_]*\)=.*/\1/p'); do
+    eval "export WINE$name=\"\$$name\""
+done
+# The program's own standard streams go to a file, not to CTest's pipe: the
+# wine processes it may start (the wineserver, the desktop, services) keep
+# what they inherit open after it ends, and CTest would wait for them.
 case $(basename "$exe") in
-tst_*) wine "$exe" -o "$(winpath "$logs/test.txt"),txt" "$@" ;;
-*) wine "$exe" "$@" ;;
+tst_*) wine "$exe" -o "$(winpath "$logs/test.txt"),txt" "$@" > "$logs/out.txt" 2>&1 < /dev/null ;;
+*) wine "$exe" "$@" > "$logs/out.txt" 2>&1 < /dev/null ;;
 esac
 status=$?
-cat "$logs/platform.txt" "$logs/test.txt" 2>/dev/null
+cat "$logs/platform.txt" "$logs/test.txt" "$logs/out.txt" 2>/dev/null
 exit $status

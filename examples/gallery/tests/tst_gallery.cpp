@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QSet>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 class tst_Gallery : public QObject
@@ -62,12 +63,20 @@ void tst_Gallery::initTestCase()
     QProcess gallery;
     gallery.setProcessEnvironment(withoutDisplay());
     gallery.setWorkingDirectory(m_work.path());
-    gallery.start(QStringLiteral(GALLERY_EXECUTABLE), QStringList());
+#ifdef Q_OS_WIN
+    // A Windows session always has its desktop, so the gallery opens its
+    // window unless asked for the pictures.
+    const QStringList arguments = {QStringLiteral("--shots"), QStringLiteral("gallery-shots")};
+#else
+    const QStringList arguments;
+#endif
+    gallery.start(QStringLiteral(GALLERY_EXECUTABLE), arguments);
     QVERIFY2(gallery.waitForFinished(180000), "the gallery did not finish within three minutes");
     QCOMPARE(gallery.exitStatus(), QProcess::NormalExit);
     QCOMPARE(gallery.exitCode(), 0);
     const QString out = QString::fromLocal8Bit(gallery.readAllStandardOutput());
-    m_printed = out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    // Windows' text mode ends the printed lines with "\r\n".
+    m_printed = QString(out).remove(QLatin1Char('\r')).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     m_shots = QDir(m_work.path()).absoluteFilePath(QStringLiteral("gallery-shots"));
     QVERIFY(!m_printed.isEmpty());
 }
@@ -136,8 +145,9 @@ void tst_Gallery::skinsLookDifferent()
 // written a log file there with the library's own messages in it.
 void tst_Gallery::logsToItsFolder()
 {
-    const QString dataHome = withoutDisplay().value(QStringLiteral("XDG_DATA_HOME"),
-                                                    QDir::homePath() + QStringLiteral("/.local/share"));
+    // XDG_DATA_HOME or ~/.local/share on Linux, the local application data
+    // folder on Windows: where the gallery's own data folder lies.
+    const QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const QDir logs(dataHome + QStringLiteral("/Orvane/Gallery shots/logs"));
     const QFileInfoList files = logs.entryInfoList({QStringLiteral("gallery_*.txt")}, QDir::Files, QDir::Time);
     QVERIFY2(!files.isEmpty(), qPrintable(logs.path()));
