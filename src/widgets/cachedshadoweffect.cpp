@@ -185,6 +185,7 @@ void CachedShadowEffect::dropSharedShadows()
 CachedShadowEffect::CachedShadowEffect(QObject *parent)
     : QGraphicsDropShadowEffect(parent),
       m_devicePixelRatio(0),
+      m_witnessed(false),
       m_blurs(0),
       m_renders(0)
 {
@@ -192,12 +193,20 @@ CachedShadowEffect::CachedShadowEffect(QObject *parent)
 
 CachedShadowEffect::~CachedShadowEffect() = default;
 
+void CachedShadowEffect::setSourceWitness(std::unique_ptr<SourceWitness> witness)
+{
+    m_witness = std::move(witness);
+    m_witnessed = false;
+}
+
 bool CachedShadowEffect::eventFilter(QObject *watched, QEvent *event)
 {
     // Changes made while hidden mark nothing for repainting, so Qt's copy of
     // the source may be stale once the widget shows again.
-    if (watched == m_watched && event->type() == QEvent::Hide)
+    if (watched == m_watched && event->type() == QEvent::Hide) {
         m_source = QPixmap();
+        m_witnessed = false;
+    }
     return QGraphicsDropShadowEffect::eventFilter(watched, event);
 }
 
@@ -210,7 +219,7 @@ void CachedShadowEffect::draw(QPainter *painter)
     }
 
     const QWidget *widget = watchedWidget();
-    if (sourceStillValid(painter, widget)) {
+    if (sourceStillValid(painter, widget) || sourceWitnessedUnchanged(painter, widget)) {
         drawShadow(painter);
         return;
     }
@@ -238,9 +247,15 @@ void CachedShadowEffect::draw(QPainter *painter)
     m_devicePixelRatio = painter->device()->devicePixelRatioF();
     m_sourceRect = sourceBoundingRect();
     drawShadow(painter);
-    // Only a render made while shown is kept valid by Qt's repaint marking.
-    if (!widget || !widget->isVisible() || !widget->updatesEnabled())
+    // Only a render made while shown is kept valid by Qt's repaint marking,
+    // and only such a render is vouched for by the witness.
+    if (!widget || !widget->isVisible() || !widget->updatesEnabled()) {
         m_source = QPixmap();
+        m_witnessed = false;
+    } else if (m_witness) {
+        m_witness->remember();
+        m_witnessed = true;
+    }
 }
 
 void CachedShadowEffect::sourceChanged(ChangeFlags flags)
@@ -264,14 +279,26 @@ QWidget *CachedShadowEffect::watchedWidget()
     return widget;
 }
 
+bool CachedShadowEffect::sameGeometry(const QPainter *painter, const QWidget *widget) const
+{
+    // The kept shadow and source, drawn as they were made, shown and with
+    // the same effect settings, painter transform, ratio and size.
+    return widget && m_shadow && !m_source.isNull() && widget->isVisible() && widget->updatesEnabled()
+        && m_shadow->offset == offset() && m_shadow->blurRadius == blurRadius() && m_shadow->color == color()
+        && m_transform == painter->worldTransform() && m_devicePixelRatio == painter->device()->devicePixelRatioF()
+        && m_sourceRect == sourceBoundingRect();
+}
+
 bool CachedShadowEffect::sourceStillValid(const QPainter *painter, const QWidget *widget) const
 {
     // While Qt's cache holds the source, the kept pixmap is shared with it;
     // marking the widget for repainting removes that entry.
-    return widget && m_shadow && !m_source.isNull() && !m_source.isDetached() && widget->isVisible()
-        && widget->updatesEnabled() && m_shadow->offset == offset() && m_shadow->blurRadius == blurRadius()
-        && m_shadow->color == color() && m_transform == painter->worldTransform()
-        && m_devicePixelRatio == painter->device()->devicePixelRatioF() && m_sourceRect == sourceBoundingRect();
+    return !m_source.isDetached() && sameGeometry(painter, widget);
+}
+
+bool CachedShadowEffect::sourceWitnessedUnchanged(const QPainter *painter, const QWidget *widget) const
+{
+    return m_witnessed && m_witness && sameGeometry(painter, widget) && m_witness->unchanged();
 }
 
 bool CachedShadowEffect::fits(const Shadow &shadow, const QImage &source) const
@@ -364,6 +391,7 @@ void CachedShadowEffect::forget()
 {
     m_shadow.reset();
     m_source = QPixmap();
+    m_witnessed = false;
 }
 
 } // namespace Orvane

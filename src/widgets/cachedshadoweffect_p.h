@@ -26,6 +26,15 @@
 // the widget's size are the ones of the last render, the effect draws the
 // kept shadow and Qt's copy of the source, as Qt would draw them.
 //
+// A widget whose pixels depend only on values it can list (the image
+// button: its state, size, style record and what its two labels show; all
+// else reaches it or a label as an event) can hand the effect a witness.
+// When Qt's copy of the source is gone but the witness says nothing changed
+// since the last render, the effect draws that render again instead of
+// rendering anew: a repaint request with no change behind it (every button
+// marked for repainting) costs the two blits of a plain repaint. Without a
+// witness (the message box) every repaint request renders again.
+//
 // Decisions:
 // - Everything else takes the full path: a widget that is hidden, or was
 //   hidden since the last render, renders its source on every paint, as do
@@ -35,7 +44,8 @@
 //   with another button and changed through that one) shows at the widget's
 //   next update(), as with every Qt effect that paints through drawSource().
 // - Memory: per effect a reference to the last rendered source (Qt's cache
-//   holds it anyway); per distinct shadow the shadow image and the source's
+//   holds it too until it drops it; with a witness the effect keeps it
+//   while the widget stays shown); per distinct shadow the shadow image and the source's
 //   alpha channel. The shared list keeps the 16 latest shadows, fewer when
 //   they pass 16 MB; an effect keeps its own until it is taken off its
 //   widget.
@@ -51,6 +61,8 @@
 #include <QRectF>
 #include <QTransform>
 
+#include <memory>
+
 class QPainter;
 class QWidget;
 
@@ -61,8 +73,24 @@ class CachedShadowEffect : public QGraphicsDropShadowEffect
     Q_OBJECT
 
 public:
+    // Tells the effect whether a render of its widget made now could differ
+    // from the last one; see the class comment.
+    class SourceWitness
+    {
+    public:
+        virtual ~SourceWitness() = default;
+        // False when anything the widget's pixels depend on may have changed
+        // since remember().
+        virtual bool unchanged() const = 0;
+        // Called right after a render: what it was made from.
+        virtual void remember() = 0;
+    };
+
     explicit CachedShadowEffect(QObject *parent = nullptr);
     ~CachedShadowEffect() override;
+
+    // Takes ownership; null removes the witness.
+    void setSourceWitness(std::unique_ptr<SourceWitness> witness);
 
     // How many times this effect has blurred a shadow so far.
     int blurCount() const { return m_blurs; }
@@ -82,7 +110,9 @@ private:
     static QList<QSharedPointer<const Shadow>> &sharedShadows();
 
     QWidget *watchedWidget();
+    bool sameGeometry(const QPainter *painter, const QWidget *widget) const;
     bool sourceStillValid(const QPainter *painter, const QWidget *widget) const;
+    bool sourceWitnessedUnchanged(const QPainter *painter, const QWidget *widget) const;
     bool fits(const Shadow &shadow, const QImage &source) const;
     bool findShadow(const QImage &source);
     bool blur();
@@ -96,6 +126,8 @@ private:
     qreal m_devicePixelRatio;
     QRectF m_sourceRect;
     QPointer<QWidget> m_watched;
+    std::unique_ptr<SourceWitness> m_witness;
+    bool m_witnessed; // m_source is the render the witness last remembered
     int m_blurs;
     int m_renders;
 
