@@ -154,6 +154,9 @@ private Q_SLOTS:
     void repaintRequestWithoutChangeReusesRender();
     void changeAfterReuseLooksLikeColdRender_data();
     void changeAfterReuseLooksLikeColdRender();
+    void unpaddedRenderLooksLikePadded_data();
+    void unpaddedRenderLooksLikePadded();
+    void sharedListRespectsItsBound();
     void subclassRendersOnEveryRequest();
     void messageBoxRendersOnEveryRequest();
 };
@@ -800,6 +803,71 @@ void tst_CachedShadowEffect::changeAfterReuseLooksLikeColdRender()
     QVERIFY2(diff.isEmpty(), qPrintable(diff));
     if (CachedShadowEffect *effect = pair.effect())
         QVERIFY(effect->renderCount() > renders || !effect->isEnabled());
+}
+
+void tst_CachedShadowEffect::unpaddedRenderLooksLikePadded_data()
+{
+    QTest::addColumn<Factory>("factory");
+    QTest::addColumn<Change>("change");
+    QTest::newRow("default") << &makeBtnStyle_Default << Change::None;
+    QTest::newRow("default, hover") << &makeBtnStyle_Default << Change::Hover;
+    QTest::newRow("orange, pressed") << &makeBtnStyle_Orange << Change::Press;
+    QTest::newRow("ring, hover") << &makeBtnStyle_Ring << Change::Hover;
+    QTest::newRow("ring, disabled") << &makeBtnStyle_Ring << Change::Disable;
+    QTest::newRow("default, resized") << &makeBtnStyle_Default << Change::Resize;
+}
+
+void tst_CachedShadowEffect::unpaddedRenderLooksLikePadded()
+{
+    // A button keeps its render without the blur's margin; without its
+    // witness the effect renders with the margin, as Qt does. Every pixel
+    // is the same, on the first paint and on the reused one.
+    QFETCH(Factory, factory);
+    QFETCH(Change, change);
+    Framed kept(factory, false);
+    Framed padded(factory, false);
+    for (Framed *f : {&kept, &padded}) {
+        apply(f->button, change);
+        f->frame->resize(f->frame->sizeHint());
+        f->frame->show();
+        QVERIFY(QTest::qWaitForWindowExposed(f->frame.get()));
+    }
+    CachedShadowEffect *paddedEffect = ourEffect(padded.button);
+    QVERIFY(paddedEffect);
+    paddedEffect->setSourceWitness(nullptr);
+    const QImage reference = paint(*padded.frame);
+    for (int i = 0; i < 2; ++i) {
+        kept.button->update();
+        const QString diff = difference(paint(*kept.frame), reference, 0);
+        QVERIFY2(diff.isEmpty(), qPrintable(QStringLiteral("paint %1: %2").arg(i).arg(diff)));
+    }
+    // Drawn where a kept render cannot serve (moved, scaled, translucent).
+    COMPARE_LOOKS(paint(*kept.frame, 1.0, 1.0, QTransform::fromScale(1.5, 1.5)),
+                  paint(*padded.frame, 1.0, 1.0, QTransform::fromScale(1.5, 1.5)));
+    QCOMPARE(difference(paint(*kept.frame, 1.0, 0.5), paint(*padded.frame, 1.0, 0.5), 0), QString());
+    QCOMPARE(difference(paint(*kept.frame, 2.0), paint(*padded.frame, 2.0), 0), QString());
+    QCOMPARE(difference(paint(*kept.frame), reference, 0), QString());
+}
+
+void tst_CachedShadowEffect::sharedListRespectsItsBound()
+{
+    // Forty shapes, the largest far bigger than a button: the list keeps
+    // at most its count and its bytes, and still the latest shadow.
+    for (int i = 0; i < 40; ++i) {
+        Framed f(&makeBtnStyle_Default, false);
+        f.button->setFixedSize(120 + 37 * i, 30 + 23 * i);
+        f.frame->resize(f.frame->sizeHint());
+        paint(*f.frame);
+        QVERIFY(CachedShadowEffect::sharedShadowCount() <= CachedShadowEffect::SharedShadowLimit);
+        QVERIFY(CachedShadowEffect::sharedShadowCount() >= 1);
+        if (CachedShadowEffect::sharedShadowCount() > 1)
+            QVERIFY(CachedShadowEffect::sharedShadowBytes() <= CachedShadowEffect::SharedShadowByteLimit);
+    }
+    // The last shapes are large: the byte bound, not the count, limited them.
+    QVERIFY(CachedShadowEffect::sharedShadowCount() < CachedShadowEffect::SharedShadowLimit);
+    CachedShadowEffect::dropSharedShadows();
+    QCOMPARE(CachedShadowEffect::sharedShadowCount(), 0);
+    QCOMPARE(CachedShadowEffect::sharedShadowBytes(), qint64(0));
 }
 
 namespace {
