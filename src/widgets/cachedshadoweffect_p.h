@@ -33,7 +33,10 @@
 // since the last render, the effect draws that render again instead of
 // rendering anew: a repaint request with no change behind it (every button
 // marked for repainting) costs the two blits of a plain repaint. Without a
-// witness (the message box) every repaint request renders again.
+// witness (the message box) every repaint request renders again. A
+// witnessed widget's render is made without the blur's margin (a
+// transparent margin drawn over changes nothing); only a new shape renders
+// once more with it, for its blur.
 //
 // Decisions:
 // - Everything else takes the full path: a widget that is hidden, or was
@@ -47,13 +50,15 @@
 //   holds it too until it drops it; with a witness the effect keeps it
 //   while the widget stays shown); per distinct shadow the shadow image and
 //   the source's alpha channel, 5 bytes per pixel of the widget's rectangle
-//   grown by the blur (a stock button: 170 x 96 px, 80 KB; a message box of
-//   420 x 180 px: about 0.5 MB). The shared list keeps the 16 latest
-//   shadows, fewer when they pass 16 MB (a single larger shadow is kept
-//   alone); an effect keeps its own until it is taken off its widget. So
-//   what the process holds for shadows is at most 16 MB for the list plus
-//   one shadow per shown shape; `make bench` measures it after a thousand
-//   message boxes and a thousand buttons of fifty sizes.
+//   grown by twice the blur radius on every side (a stock button, 110 x 30
+//   px with radius 30: 230 x 150 px, 170 KB). A witnessed widget's kept
+//   render has the widget's own size (a stock button: 13 KB).
+//   Bound: the shared list keeps the 16 latest shadows, fewer when they
+//   pass 16 MiB (a single larger shadow is kept alone); an effect keeps its
+//   own until it is taken off its widget. So the process holds for shadows
+//   at most 16 MiB in the list plus one shadow per shape on screen;
+//   `make bench` (bench_memory) measures the list over a thousand message
+//   boxes and a thousand buttons of fifty sizes.
 // - Internal: not exported; owned like any effect by the widget it is set on.
 // - GUI thread only, like the widgets; the shared list takes no lock.
 
