@@ -715,9 +715,6 @@ void tst_CachedShadowEffect::changeAfterReuseLooksLikeColdRender_data()
     QTest::newRow("window style sheet") << std::function<void(Framed &)>([](Framed &f) {
         f.frame->setStyleSheet(QStringLiteral("QLabel { font-size: 19px; padding-left: 3px; }"));
     });
-    QTest::newRow("window style sheet, label border only") << std::function<void(Framed &)>([](Framed &f) {
-        f.frame->setStyleSheet(QStringLiteral("QLabel { border: 2px solid #203040; }"));
-    });
     QTest::newRow("label background from the window's palette") << std::function<void(Framed &)>([](Framed &f) {
         QPalette palette = f.frame->palette();
         palette.setColor(QPalette::Window, Qt::green);
