@@ -29,10 +29,12 @@ public:
     bool begin(QPaintDevice *) override { return true; }
     bool end() override { return true; }
     void updateState(const QPaintEngineState &) override {}
-    void drawPixmap(const QRectF &, const QPixmap &pm, const QRectF &) override
+    void drawPixmap(const QRectF &r, const QPixmap &pm, const QRectF &) override
     {
-        if (pixmap.isNull())
+        if (pixmap.isNull()) {
             pixmap = pm;
+            pixmapAt = r.topLeft().toPoint();
+        }
     }
     void drawImage(const QRectF &, const QImage &im, const QRectF &, Qt::ImageConversionFlags) override
     {
@@ -43,6 +45,7 @@ public:
 
     QImage image;
     QPixmap pixmap;
+    QPoint pixmapAt;
 };
 
 class RecordingDevice : public QPaintDevice
@@ -152,8 +155,19 @@ QRect opaqueCentre(const QImage &alpha)
     return QRect(QPoint(left, top), QPoint(right, bottom));
 }
 
-constexpr int SharedShadowCount = 16;
-constexpr qint64 SharedShadowBytes = 16 * 1024 * 1024;
+// Whether `alpha` (Alpha8) is zero everywhere outside `inner`.
+bool clearOutside(const QImage &alpha, const QRect &inner)
+{
+    for (int y = 0; y < alpha.height(); ++y) {
+        const uchar *line = alpha.constScanLine(y);
+        const bool innerRow = y >= inner.top() && y <= inner.bottom();
+        for (int x = 0; x < alpha.width(); ++x) {
+            if (line[x] && !(innerRow && x >= inner.left() && x <= inner.right()))
+                return false;
+        }
+    }
+    return true;
+}
 
 } // namespace
 
@@ -166,8 +180,13 @@ struct CachedShadowEffect::Shadow
     QColor color;
     QImage image; // Qt's shadow, drawn at the source's position
     QRect covered; // where the source is opaque and hides the shadow
+    // The widget's own rectangle within `alpha` and its alpha channel, for
+    // comparing a source rendered without the blur's margin; valid only
+    // when `alpha` is transparent everywhere outside it.
+    QRect inner;
+    QImage innerAlpha;
 
-    qint64 bytes() const { return alpha.sizeInBytes() + image.sizeInBytes(); }
+    qint64 bytes() const { return alpha.sizeInBytes() + image.sizeInBytes() + innerAlpha.sizeInBytes(); }
 };
 
 QList<QSharedPointer<const CachedShadowEffect::Shadow>> &CachedShadowEffect::sharedShadows()
@@ -182,9 +201,24 @@ void CachedShadowEffect::dropSharedShadows()
     sharedShadows().clear();
 }
 
+int CachedShadowEffect::sharedShadowCount()
+{
+    return sharedShadows().size();
+}
+
+qint64 CachedShadowEffect::sharedShadowBytes()
+{
+    qint64 bytes = 0;
+    for (const QSharedPointer<const Shadow> &shadow : sharedShadows())
+        bytes += shadow->bytes();
+    return bytes;
+}
+
 CachedShadowEffect::CachedShadowEffect(QObject *parent)
     : QGraphicsDropShadowEffect(parent),
+      m_padded(true),
       m_devicePixelRatio(0),
+      m_witnessed(false),
       m_blurs(0),
       m_renders(0)
 {
@@ -192,12 +226,20 @@ CachedShadowEffect::CachedShadowEffect(QObject *parent)
 
 CachedShadowEffect::~CachedShadowEffect() = default;
 
+void CachedShadowEffect::setSourceWitness(std::unique_ptr<SourceWitness> witness)
+{
+    m_witness = std::move(witness);
+    m_witnessed = false;
+}
+
 bool CachedShadowEffect::eventFilter(QObject *watched, QEvent *event)
 {
     // Changes made while hidden mark nothing for repainting, so Qt's copy of
     // the source may be stale once the widget shows again.
-    if (watched == m_watched && event->type() == QEvent::Hide)
+    if (watched == m_watched && event->type() == QEvent::Hide) {
         m_source = QPixmap();
+        m_witnessed = false;
+    }
     return QGraphicsDropShadowEffect::eventFilter(watched, event);
 }
 
@@ -210,15 +252,23 @@ void CachedShadowEffect::draw(QPainter *painter)
     }
 
     const QWidget *widget = watchedWidget();
-    if (sourceStillValid(painter, widget)) {
+    if (sourceStillValid(painter, widget) || sourceWitnessedUnchanged(painter, widget)) {
         drawShadow(painter);
         return;
     }
 
     // Qt draws in device coordinates so that the pixmap is never scaled.
+    // A witnessed widget keeps its render, so it is made without the blur's
+    // margin, which only a blur needs (drawn over, a transparent margin
+    // changes nothing). Elsewhere, or where the margin would not be a whole
+    // number of pixels, the render comes with the margin.
     ++m_renders;
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    const bool unpadded = m_witness && widget && ratio == qreal(qRound(ratio))
+        && painter->worldTransform().type() <= QTransform::TxTranslate
+        && painter->compositionMode() == QPainter::CompositionMode_SourceOver;
     QPoint at;
-    const QPixmap source = sourcePixmap(Qt::DeviceCoordinates, &at, PadToEffectiveBoundingRect);
+    const QPixmap source = sourcePixmap(Qt::DeviceCoordinates, &at, unpadded ? NoPad : PadToEffectiveBoundingRect);
     if (source.isNull()) {
         forget();
         return;
@@ -226,10 +276,18 @@ void CachedShadowEffect::draw(QPainter *painter)
     QImage image = source.toImage();
     if (image.format() != QImage::Format_ARGB32_Premultiplied)
         image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    m_sourceAt = at;
     m_at = at;
-    if (findShadow(image)) {
+    QRect inner(QPoint(0, 0), image.size());
+    if (unpadded) {
+        const QRectF widgetRect = painter->worldTransform().mapRect(QRectF(widget->rect()));
+        m_at = boundingRectFor(widgetRect).toAlignedRect().topLeft();
+        inner.moveTopLeft((at - m_at) * qRound(ratio));
+    }
+    m_padded = !unpadded;
+    if (findShadow(image, inner)) {
         m_source = source;
-    } else if (!blur()) {
+    } else if (!blur(unpadded ? source : QPixmap(), inner)) {
         forget();
         QGraphicsDropShadowEffect::draw(painter);
         return;
@@ -238,9 +296,15 @@ void CachedShadowEffect::draw(QPainter *painter)
     m_devicePixelRatio = painter->device()->devicePixelRatioF();
     m_sourceRect = sourceBoundingRect();
     drawShadow(painter);
-    // Only a render made while shown is kept valid by Qt's repaint marking.
-    if (!widget || !widget->isVisible() || !widget->updatesEnabled())
+    // Only a render made while shown is kept valid by Qt's repaint marking,
+    // and only such a render is vouched for by the witness.
+    if (!widget || !widget->isVisible() || !widget->updatesEnabled()) {
         m_source = QPixmap();
+        m_witnessed = false;
+    } else if (m_witness) {
+        m_witness->remember();
+        m_witnessed = true;
+    }
 }
 
 void CachedShadowEffect::sourceChanged(ChangeFlags flags)
@@ -264,30 +328,46 @@ QWidget *CachedShadowEffect::watchedWidget()
     return widget;
 }
 
+bool CachedShadowEffect::sameGeometry(const QPainter *painter, const QWidget *widget) const
+{
+    // The kept shadow and source, drawn as they were made, shown and with
+    // the same effect settings, painter transform, ratio and size.
+    return widget && m_shadow && !m_source.isNull() && widget->isVisible() && widget->updatesEnabled()
+        && (m_padded || painter->compositionMode() == QPainter::CompositionMode_SourceOver)
+        && m_shadow->offset == offset() && m_shadow->blurRadius == blurRadius() && m_shadow->color == color()
+        && m_transform == painter->worldTransform() && m_devicePixelRatio == painter->device()->devicePixelRatioF()
+        && m_sourceRect == sourceBoundingRect();
+}
+
 bool CachedShadowEffect::sourceStillValid(const QPainter *painter, const QWidget *widget) const
 {
     // While Qt's cache holds the source, the kept pixmap is shared with it;
     // marking the widget for repainting removes that entry.
-    return widget && m_shadow && !m_source.isNull() && !m_source.isDetached() && widget->isVisible()
-        && widget->updatesEnabled() && m_shadow->offset == offset() && m_shadow->blurRadius == blurRadius()
-        && m_shadow->color == color() && m_transform == painter->worldTransform()
-        && m_devicePixelRatio == painter->device()->devicePixelRatioF() && m_sourceRect == sourceBoundingRect();
+    return !m_source.isDetached() && sameGeometry(painter, widget);
 }
 
-bool CachedShadowEffect::fits(const Shadow &shadow, const QImage &source) const
+bool CachedShadowEffect::sourceWitnessedUnchanged(const QPainter *painter, const QWidget *widget) const
 {
-    return shadow.offset == offset() && shadow.blurRadius == blurRadius() && shadow.color == color()
-        && sameAlpha(source, shadow.alpha);
+    return m_witnessed && m_witness && sameGeometry(painter, widget) && m_witness->unchanged();
 }
 
-bool CachedShadowEffect::findShadow(const QImage &source)
+bool CachedShadowEffect::fits(const Shadow &shadow, const QImage &source, const QRect &inner) const
 {
-    if (m_shadow && fits(*m_shadow, source))
+    if (shadow.offset != offset() || shadow.blurRadius != blurRadius() || shadow.color != color())
+        return false;
+    if (m_padded)
+        return sameAlpha(source, shadow.alpha);
+    return !shadow.innerAlpha.isNull() && shadow.inner == inner && sameAlpha(source, shadow.innerAlpha);
+}
+
+bool CachedShadowEffect::findShadow(const QImage &source, const QRect &inner)
+{
+    if (m_shadow && fits(*m_shadow, source, inner))
         return true;
     QList<QSharedPointer<const Shadow>> &shared = sharedShadows();
     for (int i = 0; i < shared.size(); ++i) {
         const QSharedPointer<const Shadow> shadow = shared.at(i);
-        if (fits(*shadow, source)) {
+        if (fits(*shadow, source, inner)) {
             shared.move(i, 0);
             m_shadow = shadow;
             return true;
@@ -296,7 +376,7 @@ bool CachedShadowEffect::findShadow(const QImage &source)
     return false;
 }
 
-bool CachedShadowEffect::blur()
+bool CachedShadowEffect::blur(const QPixmap &unpadded, const QRect &inner)
 {
     // Qt renders the source again (now the one in its cache) and blurs it.
     RecordingDevice device;
@@ -314,17 +394,28 @@ bool CachedShadowEffect::blur()
     shadow->image = device.engine.image;
     if (shadow->image.size() == shadow->alpha.size())
         shadow->covered = opaqueCentre(shadow->alpha);
+    if (!unpadded.isNull()) {
+        // Qt rendered the source again with the margin; the unpadded render
+        // must lie where the widget lies in it, with nothing around it.
+        if (device.engine.pixmapAt != m_at || !shadow->alpha.rect().contains(inner)
+            || !clearOutside(shadow->alpha, inner))
+            return false;
+        shadow->inner = inner;
+        shadow->innerAlpha = shadow->alpha.copy(inner);
+        m_source = unpadded;
+    } else {
+        m_source = device.engine.pixmap;
+    }
     m_shadow = shadow;
-    m_source = device.engine.pixmap;
     ++m_blurs;
 
     QList<QSharedPointer<const Shadow>> &shared = sharedShadows();
     shared.prepend(shadow);
     qint64 bytes = 0;
     int kept = 0;
-    while (kept < shared.size() && kept < SharedShadowCount) {
+    while (kept < shared.size() && kept < SharedShadowLimit) {
         bytes += shared.at(kept)->bytes();
-        if (kept > 0 && bytes > SharedShadowBytes)
+        if (kept > 0 && bytes > SharedShadowByteLimit)
             break;
         ++kept;
     }
@@ -356,7 +447,7 @@ void CachedShadowEffect::drawShadow(QPainter *painter) const
     } else {
         painter->drawImage(m_at, image);
     }
-    painter->drawPixmap(m_at, m_source);
+    painter->drawPixmap(m_sourceAt, m_source);
     painter->setWorldTransform(restore);
 }
 
@@ -364,6 +455,7 @@ void CachedShadowEffect::forget()
 {
     m_shadow.reset();
     m_source = QPixmap();
+    m_witnessed = false;
 }
 
 } // namespace Orvane

@@ -26,6 +26,18 @@
 // the widget's size are the ones of the last render, the effect draws the
 // kept shadow and Qt's copy of the source, as Qt would draw them.
 //
+// A widget whose pixels depend only on values it can list (the image
+// button: its state, size, style record and what its two labels show; all
+// else reaches it or a label as an event) can hand the effect a witness.
+// When Qt's copy of the source is gone but the witness says nothing changed
+// since the last render, the effect draws that render again instead of
+// rendering anew: a repaint request with no change behind it (every button
+// marked for repainting) costs the two blits of a plain repaint. Without a
+// witness (the message box) every repaint request renders again. A
+// witnessed widget's render is made without the blur's margin (a
+// transparent margin drawn over changes nothing); only a new shape renders
+// once more with it, for its blur.
+//
 // Decisions:
 // - Everything else takes the full path: a widget that is hidden, or was
 //   hidden since the last render, renders its source on every paint, as do
@@ -35,10 +47,18 @@
 //   with another button and changed through that one) shows at the widget's
 //   next update(), as with every Qt effect that paints through drawSource().
 // - Memory: per effect a reference to the last rendered source (Qt's cache
-//   holds it anyway); per distinct shadow the shadow image and the source's
-//   alpha channel. The shared list keeps the 16 latest shadows, fewer when
-//   they pass 16 MB; an effect keeps its own until it is taken off its
-//   widget.
+//   holds it too until it drops it; with a witness the effect keeps it
+//   while the widget stays shown); per distinct shadow the shadow image and
+//   the source's alpha channel, 5 bytes per pixel of the widget's rectangle
+//   grown by twice the blur radius on every side (a stock button, 110 x 30
+//   px with radius 30: 230 x 150 px, 170 KB). A witnessed widget's kept
+//   render has the widget's own size (a stock button: 13 KB).
+//   Bound: the shared list keeps the 16 latest shadows, fewer when they
+//   pass 16 MiB (a single larger shadow is kept alone); an effect keeps its
+//   own until it is taken off its widget. So the process holds for shadows
+//   at most 16 MiB in the list plus one shadow per shape on screen;
+//   `make bench` (bench_memory) measures the list over a thousand message
+//   boxes and a thousand buttons of fifty sizes.
 // - Internal: not exported; owned like any effect by the widget it is set on.
 // - GUI thread only, like the widgets; the shared list takes no lock.
 
@@ -51,6 +71,8 @@
 #include <QRectF>
 #include <QTransform>
 
+#include <memory>
+
 class QPainter;
 class QWidget;
 
@@ -61,8 +83,24 @@ class CachedShadowEffect : public QGraphicsDropShadowEffect
     Q_OBJECT
 
 public:
+    // Tells the effect whether a render of its widget made now could differ
+    // from the last one; see the class comment.
+    class SourceWitness
+    {
+    public:
+        virtual ~SourceWitness() = default;
+        // False when anything the widget's pixels depend on may have changed
+        // since remember().
+        virtual bool unchanged() const = 0;
+        // Called right after a render: what it was made from.
+        virtual void remember() = 0;
+    };
+
     explicit CachedShadowEffect(QObject *parent = nullptr);
     ~CachedShadowEffect() override;
+
+    // Takes ownership; null removes the witness.
+    void setSourceWitness(std::unique_ptr<SourceWitness> witness);
 
     // How many times this effect has blurred a shadow so far.
     int blurCount() const { return m_blurs; }
@@ -70,6 +108,14 @@ public:
     int renderCount() const { return m_renders; }
     // Empties the process-wide list of shadows; effects keep their own.
     static void dropSharedShadows();
+    // What the process-wide list holds now: shadows, and the bytes of their
+    // images (the shadow and the source's alpha channel).
+    static int sharedShadowCount();
+    static qint64 sharedShadowBytes();
+    // The list's bound: at most this many shadows, and no more bytes than
+    // this unless its one shadow alone is larger.
+    static constexpr int SharedShadowLimit = 16;
+    static constexpr qint64 SharedShadowByteLimit = 16 * 1024 * 1024;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -82,20 +128,26 @@ private:
     static QList<QSharedPointer<const Shadow>> &sharedShadows();
 
     QWidget *watchedWidget();
+    bool sameGeometry(const QPainter *painter, const QWidget *widget) const;
     bool sourceStillValid(const QPainter *painter, const QWidget *widget) const;
-    bool fits(const Shadow &shadow, const QImage &source) const;
-    bool findShadow(const QImage &source);
-    bool blur();
+    bool sourceWitnessedUnchanged(const QPainter *painter, const QWidget *widget) const;
+    bool fits(const Shadow &shadow, const QImage &source, const QRect &inner) const;
+    bool findShadow(const QImage &source, const QRect &inner);
+    bool blur(const QPixmap &unpadded, const QRect &inner);
     void drawShadow(QPainter *painter) const;
     void forget();
 
     QSharedPointer<const Shadow> m_shadow;
     QPixmap m_source;
-    QPoint m_at;
+    QPoint m_at; // where the shadow image goes, in device pixels
+    QPoint m_sourceAt; // where m_source goes
+    bool m_padded; // m_source has the blur's margin
     QTransform m_transform;
     qreal m_devicePixelRatio;
     QRectF m_sourceRect;
     QPointer<QWidget> m_watched;
+    std::unique_ptr<SourceWitness> m_witness;
+    bool m_witnessed; // m_source is the render the witness last remembered
     int m_blurs;
     int m_renders;
 

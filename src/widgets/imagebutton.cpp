@@ -5,17 +5,201 @@
 #include "cachedshadoweffect_p.h"
 #include "core/qtcompat_p.h"
 
+#include <QEvent>
 #include <QGraphicsDropShadowEffect>
 #include <QLabel>
+#include <QMovie>
+#include <QPicture>
+#include <QPointer>
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QtMath>
 
+#include <functional>
+#include <memory>
+#include <typeinfo>
+
 namespace Orvane {
 
 namespace {
+
+// What a label shows, as far as its pixels go; everything else that a
+// label's looks depend on (font, palette, style sheets around it, enabling,
+// screen) reaches the label as an event.
+struct LabelLooks
+{
+    explicit LabelLooks(const QLabel *label = nullptr)
+    {
+        if (!label)
+            return;
+        hidden = label->isHidden();
+        autoFill = label->autoFillBackground();
+        geometry = label->geometry();
+        text = label->text();
+        pixmap = label->pixmap(Qt::ReturnByValue).cacheKey();
+        alignment = int(label->alignment());
+        indent = label->indent();
+        margin = label->margin();
+        format = int(label->textFormat());
+        frameStyle = label->frameStyle();
+        lineWidth = label->lineWidth();
+        midLineWidth = label->midLineWidth();
+        wordWrap = label->wordWrap();
+        scaled = label->hasScaledContents();
+        sheet = label->styleSheet();
+        buddy = label->buddy();
+    }
+    bool operator==(const LabelLooks &o) const
+    {
+        return hidden == o.hidden && autoFill == o.autoFill && geometry == o.geometry && pixmap == o.pixmap && alignment == o.alignment
+            && indent == o.indent && margin == o.margin && format == o.format && frameStyle == o.frameStyle
+            && lineWidth == o.lineWidth && midLineWidth == o.midLineWidth && wordWrap == o.wordWrap
+            && scaled == o.scaled && buddy == o.buddy && text == o.text && sheet == o.sheet;
+    }
+
+    bool hidden = true;
+    bool autoFill = false;
+    QRect geometry;
+    QString text;
+    qint64 pixmap = 0;
+    int alignment = 0;
+    int indent = 0;
+    int margin = 0;
+    int format = 0;
+    int frameStyle = 0;
+    int lineWidth = 0;
+    int midLineWidth = 0;
+    bool wordWrap = false;
+    bool scaled = false;
+    QString sheet;
+    const QWidget *buddy = nullptr;
+};
+
+// What the button's own paint event draws from: its state and size and the
+// drawing fields of its style record.
+struct ButtonLooks
+{
+    ButtonLooks() = default;
+    ButtonLooks(const QWidget *button, int state, const ImageButtonStyle *record)
+        : size(button->size()),
+          state(state),
+          autoFill(button->autoFillBackground()),
+          styled(button->testAttribute(Qt::WA_StyledBackground)),
+          record(record),
+          bgMargins(record->bgMargins),
+          bgColors(record->bgColors),
+          borderColors(record->borderColors),
+          borderWidth(record->borderWidth),
+          radius(record->radius)
+    {
+        for (const QPixmap &p : record->bgPixmaps)
+            bgPixmaps.append(p.cacheKey());
+    }
+    bool operator==(const ButtonLooks &o) const
+    {
+        return size == o.size && state == o.state && autoFill == o.autoFill && styled == o.styled
+            && record == o.record && bgMargins == o.bgMargins && borderWidth == o.borderWidth && radius == o.radius
+            && bgPixmaps == o.bgPixmaps && bgColors == o.bgColors && borderColors == o.borderColors;
+    }
+
+    QSize size;
+    int state = -1;
+    bool autoFill = false;
+    bool styled = false;
+    const ImageButtonStyle *record = nullptr;
+    QVector<qint64> bgPixmaps;
+    QMargins bgMargins;
+    QVector<QColor> bgColors;
+    QVector<QColor> borderColors;
+    int borderWidth = 0;
+    int radius = 0;
+};
+
+// Vouches to the button's shadow that a render made now would give the
+// pixels of the last one: the button's and its labels' looks are as they
+// were, and none of the three has received an event since (a new font,
+// palette, style sheet, screen, enabling, visibility or size arrives as
+// one). A subclass (even one without a meta-object of its own), or a child widget other than the two labels, paints
+// what this cannot see, so it is never vouched for.
+class ButtonWitness : public QObject, public CachedShadowEffect::SourceWitness
+{
+public:
+    ButtonWitness(ImageButton *button, QLabel *icon, QLabel *text, std::function<const ImageButtonStyle *()> record)
+        : m_button(button),
+          m_icon(icon),
+          m_text(text),
+          m_record(std::move(record))
+    {
+        for (QObject *watched : {static_cast<QObject *>(button), static_cast<QObject *>(icon), static_cast<QObject *>(text)})
+            watched->installEventFilter(this);
+    }
+
+    bool unchanged() const override
+    {
+        return !m_changed && m_button && m_icon && m_text && plainButton() && looks() == m_looks
+            && LabelLooks(m_icon) == m_iconLooks && LabelLooks(m_text) == m_textLooks;
+    }
+
+    void remember() override
+    {
+        if (!m_button || !m_icon || !m_text)
+            return;
+        m_looks = looks();
+        m_iconLooks = LabelLooks(m_icon);
+        m_textLooks = LabelLooks(m_text);
+        m_changed = false;
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::Paint:
+        case QEvent::UpdateRequest:
+        case QEvent::UpdateLater:
+        case QEvent::Timer:
+        case QEvent::MetaCall:
+            break;
+        default:
+            m_changed = true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    ButtonLooks looks() const { return ButtonLooks(m_button, m_button->buttonMouseState(), m_record()); }
+
+    bool plainButton() const
+    {
+        if (typeid(*m_button) != typeid(ImageButton))
+            return false;
+        int widgets = 0;
+        for (const QObject *child : m_button->children()) {
+            if (child->isWidgetType() && ++widgets > 2)
+                return false;
+        }
+        for (const QLabel *label : {m_icon.data(), m_text.data()}) {
+            if (label->parent() != m_button || typeid(*label) != typeid(QLabel)
+                || label->movie() || !label->picture(Qt::ReturnByValue).isNull())
+                return false;
+            for (const QObject *child : label->children()) {
+                if (child->isWidgetType())
+                    return false;
+            }
+        }
+        return true;
+    }
+
+    QPointer<ImageButton> m_button;
+    QPointer<QLabel> m_icon;
+    QPointer<QLabel> m_text;
+    std::function<const ImageButtonStyle *()> m_record;
+    bool m_changed = true;
+    ButtonLooks m_looks;
+    LabelLooks m_iconLooks;
+    LabelLooks m_textLooks;
+};
 
 // The brush of state `s` from a colour vector: exactly 8 colours are a
 // horizontal gradient pair per state across `r`, anything else one solid
@@ -267,8 +451,12 @@ void ImageButton::setShadow(const ShadowEffect *s)
     if (s) {
         if (!effect) {
             // Replaces (and deletes) any other kind of effect. Ours keeps the
-            // blurred shadow between paints.
-            effect = new CachedShadowEffect(this);
+            // blurred shadow between paints, and the rendered button while
+            // the witness sees no change.
+            auto *cached = new CachedShadowEffect(this);
+            cached->setSourceWitness(std::unique_ptr<CachedShadowEffect::SourceWitness>(
+                new ButtonWitness(this, iconLabel, textLabel, [this] { return style.data(); })));
+            effect = cached;
             setGraphicsEffect(effect);
         }
         effect->setEnabled(true);

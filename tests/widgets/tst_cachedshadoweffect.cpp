@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QGraphicsDropShadowEffect>
+#include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -116,6 +117,7 @@ struct ShownPair
 
 Q_DECLARE_METATYPE(Factory)
 Q_DECLARE_METATYPE(Change)
+Q_DECLARE_METATYPE(std::function<void(ShadowCompare::Framed &)>)
 
 class tst_CachedShadowEffect : public QObject
 {
@@ -149,6 +151,14 @@ private Q_SLOTS:
     void oneDifferentAlphaBlursAgain();
     void messageBoxShadow();
     void messageBoxLooksLikeQts();
+    void repaintRequestWithoutChangeReusesRender();
+    void changeAfterReuseLooksLikeColdRender_data();
+    void changeAfterReuseLooksLikeColdRender();
+    void unpaddedRenderLooksLikePadded_data();
+    void unpaddedRenderLooksLikePadded();
+    void sharedListRespectsItsBound();
+    void subclassRendersOnEveryRequest();
+    void messageBoxRendersOnEveryRequest();
 };
 
 void tst_CachedShadowEffect::init()
@@ -637,6 +647,287 @@ void tst_CachedShadowEffect::messageBoxLooksLikeQts()
     QCOMPARE(qobject_cast<CachedShadowEffect *>(again->graphicsEffect())->blurCount(), 0);
     for (OMessageBox *box : {ours, again, qts})
         box->close();
+}
+
+void tst_CachedShadowEffect::repaintRequestWithoutChangeReusesRender()
+{
+    ShownPair pair;
+    QVERIFY(pair.show());
+    CachedShadowEffect *effect = pair.effect();
+    const QImage first = paint(*pair.ours.frame);
+    const int renders = effect->renderCount();
+    const int blurs = effect->blurCount();
+    // Marked for repainting with nothing changed, as every button of a
+    // window is on a resize: the last render serves, pixel for pixel.
+    for (int i = 0; i < 3; ++i) {
+        pair.ours.button->update();
+        const QImage again = paint(*pair.ours.frame);
+        const QString diff = difference(again, first, 0);
+        QVERIFY2(diff.isEmpty(), qPrintable(diff));
+    }
+    QCOMPARE(effect->renderCount(), renders);
+    QCOMPARE(effect->blurCount(), blurs);
+    COMPARE_LOOKS(paint(*pair.ours.frame), paint(*pair.qts.frame));
+}
+
+namespace {
+
+QLabel *textLabelOf(ImageButton *b)
+{
+    for (QLabel *label : b->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (label->text() == b->text())
+            return label;
+    }
+    return nullptr;
+}
+
+QPixmap swatch(const QColor &colour)
+{
+    QPixmap p(12, 12);
+    p.fill(colour);
+    return p;
+}
+
+} // namespace
+
+void tst_CachedShadowEffect::changeAfterReuseLooksLikeColdRender_data()
+{
+    QTest::addColumn<std::function<void(Framed &)>>("change");
+    QTest::newRow("button text") << std::function<void(Framed &)>([](Framed &f) { f.button->setText(QStringLiteral("Longer text")); });
+    QTest::newRow("label text only") << std::function<void(Framed &)>([](Framed &f) { textLabelOf(f.button)->setText(QStringLiteral("Shadowy")); });
+    QTest::newRow("label alignment") << std::function<void(Framed &)>([](Framed &f) {
+        f.button->setFixedSize(200, 40);
+        textLabelOf(f.button)->setAlignment(Qt::AlignRight);
+    });
+    QTest::newRow("label hidden") << std::function<void(Framed &)>([](Framed &f) { textLabelOf(f.button)->hide(); });
+    QTest::newRow("font") << std::function<void(Framed &)>([](Framed &f) {
+        QFont font = f.button->font();
+        font.setBold(true);
+        font.setPixelSize(15);
+        f.button->setFont(font);
+    });
+    QTest::newRow("font, same size") << std::function<void(Framed &)>([](Framed &f) {
+        QFont font = f.button->font();
+        font.setUnderline(true);
+        f.button->setFont(font);
+    });
+    QTest::newRow("text colour") << std::function<void(Framed &)>([](Framed &f) { f.button->setTextColor(QColor(Qt::black)); });
+    QTest::newRow("window style sheet") << std::function<void(Framed &)>([](Framed &f) {
+        f.frame->setStyleSheet(QStringLiteral("QLabel { font-size: 19px; padding-left: 3px; }"));
+    });
+    QTest::newRow("label background from the window's palette") << std::function<void(Framed &)>([](Framed &f) {
+        QPalette palette = f.frame->palette();
+        palette.setColor(QPalette::Window, Qt::green);
+        f.frame->setPalette(palette);
+        textLabelOf(f.button)->setAutoFillBackground(true);
+        f.button->update();
+    });
+    QTest::newRow("right to left") << std::function<void(Framed &)>([](Framed &f) {
+        f.button->setFixedSize(200, 40);
+        f.frame->setLayoutDirection(Qt::RightToLeft);
+    });
+    QTest::newRow("icon") << std::function<void(Framed &)>([](Framed &f) {
+        f.button->setLayout(QBoxLayout::LeftToRight, 4, 4);
+        f.button->setIcon(swatch(Qt::yellow), QSize(12, 12));
+    });
+    QTest::newRow("background") << std::function<void(Framed &)>([](Framed &f) { f.button->setBackground(QColor(Qt::red)); });
+    QTest::newRow("record changed through another button") << std::function<void(Framed &)>([](Framed &f) {
+        const QSharedPointer<ImageButtonStyle> shared = makeBtnStyle_Orange();
+        f.button->setStyle(shared);
+        QApplication::processEvents();
+        ImageButton other(shared);
+        other.setBackground(QColor(Qt::darkCyan));
+        // Only a repaint request reaches the button itself.
+        f.button->update();
+    });
+    QTest::newRow("background image") << std::function<void(Framed &)>([](Framed &f) {
+        f.button->setBackground(swatch(Qt::darkGreen));
+        f.button->update();
+    });
+    QTest::newRow("hover") << std::function<void(Framed &)>([](Framed &f) { apply(f.button, Change::Hover); });
+    QTest::newRow("disabled") << std::function<void(Framed &)>([](Framed &f) { apply(f.button, Change::Disable); });
+    QTest::newRow("checked") << std::function<void(Framed &)>([](Framed &f) { apply(f.button, Change::Check); });
+    QTest::newRow("resized") << std::function<void(Framed &)>([](Framed &f) { apply(f.button, Change::Resize); });
+    QTest::newRow("child added") << std::function<void(Framed &)>([](Framed &f) {
+        auto *dot = new QWidget(f.button);
+        dot->setAutoFillBackground(true);
+        QPalette palette = dot->palette();
+        palette.setColor(QPalette::Window, Qt::red);
+        dot->setPalette(palette);
+        dot->setGeometry(2, 2, 6, 6);
+        dot->show();
+    });
+    QTest::newRow("own background filled") << std::function<void(Framed &)>([](Framed &f) {
+        f.button->setBackground(QVector<QColor>{QColor(0, 0, 0, 0)}, 0);
+        QPalette palette = f.button->palette();
+        palette.setColor(QPalette::Window, Qt::blue);
+        f.button->setPalette(palette);
+        f.button->setAutoFillBackground(true);
+        f.button->update();
+    });
+}
+
+void tst_CachedShadowEffect::changeAfterReuseLooksLikeColdRender()
+{
+    QFETCH(std::function<void(Framed &)>, change);
+    // Ours has reused its render once before the change; the cold one is
+    // painted only after it, so it renders from scratch.
+    ShownPair pair;
+    QVERIFY(pair.show());
+    Framed cold(&makeBtnStyle_Default, false);
+    cold.frame->show();
+    QVERIFY(QTest::qWaitForWindowExposed(cold.frame.get()));
+    const QImage before = paint(*pair.ours.frame);
+    pair.ours.button->update();
+    QCOMPARE(difference(paint(*pair.ours.frame), before, 0), QString());
+    const int renders = pair.effect()->renderCount();
+
+    change(pair.ours);
+    change(cold);
+    QApplication::processEvents();
+    for (Framed *f : {&pair.ours, &cold})
+        f->frame->resize(f->frame->sizeHint().expandedTo(f->frame->size()));
+    cold.frame->resize(pair.ours.frame->size());
+    QApplication::processEvents();
+    const QImage warm = paint(*pair.ours.frame);
+    const QImage fresh = paint(*cold.frame);
+    QVERIFY(warm != before);
+    const QString diff = difference(warm, fresh, 0);
+    if (!diff.isEmpty()) {
+        warm.save(QDir::temp().filePath(QStringLiteral("shadow-warm.png")));
+        fresh.save(QDir::temp().filePath(QStringLiteral("shadow-cold.png")));
+    }
+    QVERIFY2(diff.isEmpty(), qPrintable(diff));
+    if (CachedShadowEffect *effect = pair.effect())
+        QVERIFY(effect->renderCount() > renders || !effect->isEnabled());
+}
+
+void tst_CachedShadowEffect::unpaddedRenderLooksLikePadded_data()
+{
+    QTest::addColumn<Factory>("factory");
+    QTest::addColumn<Change>("change");
+    QTest::newRow("default") << &makeBtnStyle_Default << Change::None;
+    QTest::newRow("default, hover") << &makeBtnStyle_Default << Change::Hover;
+    QTest::newRow("orange, pressed") << &makeBtnStyle_Orange << Change::Press;
+    QTest::newRow("ring, hover") << &makeBtnStyle_Ring << Change::Hover;
+    QTest::newRow("ring, disabled") << &makeBtnStyle_Ring << Change::Disable;
+    QTest::newRow("default, resized") << &makeBtnStyle_Default << Change::Resize;
+}
+
+void tst_CachedShadowEffect::unpaddedRenderLooksLikePadded()
+{
+    // A button keeps its render without the blur's margin; without its
+    // witness the effect renders with the margin, as Qt does. Every pixel
+    // is the same, on the first paint and on the reused one.
+    QFETCH(Factory, factory);
+    QFETCH(Change, change);
+    Framed kept(factory, false);
+    Framed padded(factory, false);
+    for (Framed *f : {&kept, &padded}) {
+        apply(f->button, change);
+        f->frame->resize(f->frame->sizeHint());
+        f->frame->show();
+        QVERIFY(QTest::qWaitForWindowExposed(f->frame.get()));
+    }
+    CachedShadowEffect *paddedEffect = ourEffect(padded.button);
+    QVERIFY(paddedEffect);
+    paddedEffect->setSourceWitness(nullptr);
+    const QImage reference = paint(*padded.frame);
+    for (int i = 0; i < 2; ++i) {
+        kept.button->update();
+        const QString diff = difference(paint(*kept.frame), reference, 0);
+        QVERIFY2(diff.isEmpty(), qPrintable(QStringLiteral("paint %1: %2").arg(i).arg(diff)));
+    }
+    // Drawn where a kept render cannot serve (moved, scaled, translucent).
+    COMPARE_LOOKS(paint(*kept.frame, 1.0, 1.0, QTransform::fromScale(1.5, 1.5)),
+                  paint(*padded.frame, 1.0, 1.0, QTransform::fromScale(1.5, 1.5)));
+    QCOMPARE(difference(paint(*kept.frame, 1.0, 0.5), paint(*padded.frame, 1.0, 0.5), 0), QString());
+    QCOMPARE(difference(paint(*kept.frame, 2.0), paint(*padded.frame, 2.0), 0), QString());
+    QCOMPARE(difference(paint(*kept.frame), reference, 0), QString());
+}
+
+void tst_CachedShadowEffect::sharedListRespectsItsBound()
+{
+    // Forty shapes, the largest far bigger than a button: the list keeps
+    // at most its count and its bytes, and still the latest shadow.
+    for (int i = 0; i < 40; ++i) {
+        Framed f(&makeBtnStyle_Default, false);
+        f.button->setFixedSize(120 + 37 * i, 30 + 23 * i);
+        f.frame->resize(f.frame->sizeHint());
+        paint(*f.frame);
+        QVERIFY(CachedShadowEffect::sharedShadowCount() <= CachedShadowEffect::SharedShadowLimit);
+        QVERIFY(CachedShadowEffect::sharedShadowCount() >= 1);
+        if (CachedShadowEffect::sharedShadowCount() > 1)
+            QVERIFY(CachedShadowEffect::sharedShadowBytes() <= CachedShadowEffect::SharedShadowByteLimit);
+    }
+    // The last shapes are large: the byte bound, not the count, limited them.
+    QVERIFY(CachedShadowEffect::sharedShadowCount() < CachedShadowEffect::SharedShadowLimit);
+    CachedShadowEffect::dropSharedShadows();
+    QCOMPARE(CachedShadowEffect::sharedShadowCount(), 0);
+    QCOMPARE(CachedShadowEffect::sharedShadowBytes(), qint64(0));
+}
+
+namespace {
+
+// Paints a mark the image button knows nothing about.
+class MarkedButton : public ImageButton
+{
+public:
+    MarkedButton()
+        : ImageButton(makeBtnStyle_Default())
+    {
+    }
+    QColor mark = Qt::red;
+
+protected:
+    void paintEvent(QPaintEvent *e) override
+    {
+        ImageButton::paintEvent(e);
+        QPainter painter(this);
+        painter.fillRect(QRect(4, 4, 6, 6), mark);
+    }
+};
+
+} // namespace
+
+void tst_CachedShadowEffect::subclassRendersOnEveryRequest()
+{
+    QWidget frame;
+    auto *box = new QVBoxLayout(&frame);
+    box->setContentsMargins(40, 40, 40, 40);
+    auto *button = new MarkedButton;
+    box->addWidget(button);
+    frame.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    const QImage red = paint(frame);
+    auto *effect = qobject_cast<CachedShadowEffect *>(button->graphicsEffect());
+    QVERIFY(effect);
+    const int renders = effect->renderCount();
+    button->mark = Qt::green;
+    button->update();
+    const QImage green = paint(frame);
+    QCOMPARE(effect->renderCount(), renders + 1);
+    const QPoint at = button->geometry().topLeft() + QPoint(6, 6);
+    QCOMPARE(QColor(red.pixel(at)), QColor(Qt::red));
+    QCOMPARE(QColor(green.pixel(at)), QColor(Qt::green));
+}
+
+void tst_CachedShadowEffect::messageBoxRendersOnEveryRequest()
+{
+    // The box hands the effect no witness: a repaint request renders it.
+    OMessageBox *box = newBox();
+    box->show();
+    QVERIFY(QTest::qWaitForWindowExposed(box));
+    auto *effect = qobject_cast<CachedShadowEffect *>(box->graphicsEffect());
+    QVERIFY(effect);
+    const QImage first = box->grab().toImage();
+    const int renders = effect->renderCount();
+    box->update();
+    QCOMPARE(difference(box->grab().toImage().convertToFormat(QImage::Format_ARGB32),
+                        first.convertToFormat(QImage::Format_ARGB32), 0),
+             QString());
+    QCOMPARE(effect->renderCount(), renders + 1);
+    box->close();
 }
 
 QTEST_MAIN(tst_CachedShadowEffect)
