@@ -68,6 +68,9 @@ compare() {
 case ${1:-} in
 baseline)
     stage "$2"
+    # The source locations stay in the dump: abidiff tells the public
+    # headers' types from the others by them (without them a changed public
+    # class passes, as tests/abi/guard_test.sh shows).
     abidw --headers-dir "$headers" --drop-private-types --no-corpus-path --no-comp-dir-path \
         --out-file "$3" "$lib"
     echo "abi: wrote $3 from $lib ($(grep -c '<elf-symbol ' "$3") exported symbols)"
