@@ -22,7 +22,7 @@ BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build test test-desktop test-windows test-windows-suite demo install package test-package images lupdate clean fuzz bench check-sanitize check-valgrind
+.PHONY: all deps configure build test test-desktop test-windows test-windows-suite demo install package test-package images lupdate clean fuzz bench check-sanitize check-valgrind docs check-abi abi-baseline
 
 all: build
 
@@ -129,6 +129,40 @@ bench:
 	cmake -S . -B $(BENCH_BUILD) -DCMAKE_BUILD_TYPE=Release -DORVANE_BUILD_BENCHMARKS=ON $(QT_CMAKE) \
 		-DORVANE_BUILD_EXAMPLES=OFF -DBUILD_TESTING=OFF
 	cmake --build $(BENCH_BUILD) --parallel $(JOBS) --target run-benchmarks
+
+# The API reference: Doxygen over the installed public headers, into
+# $(BUILD)/docs/html, with Qt's classes linked through Qt's tag files. Any
+# warning (an undocumented class, function, enumerator or field included)
+# fails the run. Nothing is compiled.
+docs:
+	@sh scripts/install-deps.sh doxygen qtbase5-doc-html qtbase5-doc-dev $(QT_PACKAGES)
+	$(MAKE) configure
+	cmake --build $(BUILD) --target docs
+
+# The ABI guard of the 1.x series (Qt 5 build): the installed library against
+# the committed baseline abi/libOrvane.so.1.0.0.abi (scripts/abi.sh). A
+# removed or changed exported symbol, or a changed size or layout of a public
+# class, fails with abidiff's report; additions pass. Then the guard's own test
+# (tests/abi/guard_test.sh): an added function passes, a removed function and
+# a changed class size fail.
+ABI_BASELINE = abi/libOrvane.so.1.0.0.abi
+check-abi:
+	@[ "$(QT)" = 5 ] || { echo "the ABI baseline is the Qt 5 library's: run make check-abi without QT=$(QT)"; exit 1; }
+	@sh scripts/install-deps.sh abigail-tools
+	$(MAKE) configure
+	cmake --build $(BUILD) --parallel $(JOBS) --target Orvane abi-variants
+	sh scripts/abi.sh check $(BUILD) $(ABI_BASELINE)
+	sh tests/abi/guard_test.sh $(BUILD) $(ABI_BASELINE)
+
+# Rewrites the baseline from the current source (a RelWithDebInfo build, with
+# debug information, installed into $(BUILD)/abi-stage). Only when a release
+# deliberately sets a new baseline; commit the file it writes.
+abi-baseline:
+	@[ "$(QT)" = 5 ] || { echo "the ABI baseline is the Qt 5 library's: run make abi-baseline without QT=$(QT)"; exit 1; }
+	@sh scripts/install-deps.sh abigail-tools
+	$(MAKE) configure BUILD_TYPE=RelWithDebInfo
+	cmake --build $(BUILD) --parallel $(JOBS) --target Orvane
+	sh scripts/abi.sh baseline $(BUILD) $(ABI_BASELINE)
 
 # make install PREFIX=/some/where
 PREFIX ?= /usr/local

@@ -1,8 +1,10 @@
 #ifndef ORVANE_ORVANECORE_H
 #define ORVANE_ORVANECORE_H
 
-// Library foundation: start-up and resources, thread helpers, window, layout
-// and image helpers, the log file, version.
+/// @file
+/// Library foundation: start-up and resources, thread helpers, window, layout
+/// and image helpers, the log file, version.
+
 #include <Orvane/helpers.h>
 #include <Orvane/minilogger.h>
 #include <Orvane/startup.h>

@@ -1,7 +1,9 @@
 #ifndef ORVANE_ORVANECRYPTO_H
 #define ORVANE_ORVANECRYPTO_H
 
-// The AES codec.
+/// @file
+/// The AES codec.
+
 #include <Orvane/aescodec.h>
 
 #endif // ORVANE_ORVANECRYPTO_H

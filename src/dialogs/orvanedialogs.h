@@ -1,7 +1,9 @@
 #ifndef ORVANE_ORVANEDIALOGS_H
 #define ORVANE_ORVANEDIALOGS_H
 
-// Dialogs: the bar dialog and its skins, the Mac-style dialog, the message box, the popped-dialog registry.
+/// @file
+/// Dialogs: the bar dialog and its skins, the Mac-style dialog, the message box, the popped-dialog registry.
+
 #include <Orvane/bardialog.h>
 #include <Orvane/dialogskinstyle.h>
 #include <Orvane/macdialog.h>

@@ -1,7 +1,9 @@
 #ifndef ORVANE_ORVANELOCALE_H
 #define ORVANE_ORVANELOCALE_H
 
-// Localisation: the application locale, language packs and the library's translator.
+/// @file
+/// Localisation: the application locale, language packs and the library's translator.
+
 #include <Orvane/applocale.h>
 #include <Orvane/languagepack.h>
 

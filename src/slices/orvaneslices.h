@@ -1,7 +1,9 @@
 #ifndef ORVANE_ORVANESLICES_H
 #define ORVANE_ORVANESLICES_H
 
-// Image slices: the slice records and the slice catalogue.
+/// @file
+/// Image slices: the slice records and the slice catalogue.
+
 #include <Orvane/slice.h>
 #include <Orvane/slicemethod.h>
 #include <Orvane/slicemanager.h>

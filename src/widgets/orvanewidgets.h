@@ -1,7 +1,9 @@
 #ifndef ORVANE_ORVANEWIDGETS_H
 #define ORVANE_ORVANEWIDGETS_H
 
-// Buttons, effects and labels: style records, the image button, stock styles, eliding and spinning labels.
+/// @file
+/// Buttons, effects and labels: style records, the image button, stock styles, eliding and spinning labels.
+
 #include <Orvane/shadoweffect.h>
 #include <Orvane/buttonshadoweffect.h>
 #include <Orvane/imagebuttonstyle.h>
