@@ -37,6 +37,8 @@ class ORVANE_EXPORT RotationLabel : public QLabel
 
 public:
     RotationLabel();
+    // The same inside `parent`, as forms made with Designer build it.
+    explicit RotationLabel(QWidget *parent);
     ~RotationLabel() override;
 
     // Starts, or restarts from angle 0, with the picture shown now as source.
