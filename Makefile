@@ -25,7 +25,7 @@ BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build test test-desktop test-windows test-windows-suite demo install images lupdate clean fuzz bench check-sanitize check-valgrind
+.PHONY: all deps configure build test test-desktop test-windows test-windows-suite demo install package test-package images lupdate clean fuzz bench check-sanitize check-valgrind
 
 all: build
 
@@ -132,6 +132,31 @@ bench:
 PREFIX ?= /usr/local
 install: build
 	cmake --install $(BUILD) --prefix $(PREFIX)
+
+# The Debian packages liborvane1 and liborvane-dev and a .tar.gz of both,
+# in $(PACKAGE_BUILD)/packages/ (CPack, see cmake/OrvanePackaging.cmake).
+# Built for /usr in a library-only tree of their own, with the qmake module
+# in Qt's own mkspecs folder. QT=6 gives liborvane6-1 and liborvane6-dev.
+PACKAGE_BUILD ?= build-package$(QT_SUFFIX)
+QMAKE_FOR_QT = $(if $(filter 6,$(QT)),qmake6,qmake)
+package: deps
+	@sh scripts/install-deps.sh dpkg-dev file
+	cmake -S . -B $(PACKAGE_BUILD) -DCMAKE_BUILD_TYPE=Release $(QT_CMAKE) $(CMAKE_FLAGS) \
+		-DBUILD_TESTING=OFF -DORVANE_BUILD_EXAMPLES=OFF -DCMAKE_INSTALL_PREFIX=/usr -DORVANE_DEBIAN_DOCS=ON \
+		"-DORVANE_INSTALL_MKSPECSDIR=$$($(QMAKE_FOR_QT) -query QT_HOST_DATA | sed 's|^/usr/||')/mkspecs/modules"
+	cmake --build $(PACKAGE_BUILD) --parallel $(JOBS) --target Orvane
+	rm -rf $(PACKAGE_BUILD)/packages
+	cd $(PACKAGE_BUILD) && cpack
+	ls -l $(PACKAGE_BUILD)/packages/*.deb $(PACKAGE_BUILD)/packages/*.tar.gz
+
+# The packages as a new user meets them: both .debs installed with apt into
+# a clean Debian 12 root (debootstrap, kept in /var/cache/orvane between
+# runs), where the CMake, qmake and pkg-config host projects are built and
+# run (tests/package/deb_chroot.sh). Needs root and Debian's mirror.
+test-package: package
+	@sh scripts/install-deps.sh debootstrap lintian
+	sh tests/package/check_debs.sh $(PACKAGE_BUILD)/packages
+	sh tests/package/deb_chroot.sh $(PACKAGE_BUILD)/packages .
 
 # Redraws the PNG images, and their @2x twins, from their SVG sources.
 images:

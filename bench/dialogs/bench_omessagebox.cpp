@@ -10,6 +10,7 @@
 #include <Orvane/omessagebox.h>
 
 #include "benchsummary.h"
+#include "dialogs/paintcounter.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -33,20 +34,7 @@ const QString message = QStringLiteral("Version 2.4 is ready to install. The app
 const QString checkText = QStringLiteral("Don't ask again");
 const QStringList threeButtons = {QStringLiteral("Cancel"), QStringLiteral("Remind me later"), QStringLiteral("Update")};
 
-// Counts the paint events of the window it watches.
-class PaintCounter : public QObject
-{
-public:
-    int paints = 0;
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint && watched->isWidgetType() && static_cast<QWidget *>(watched)->isWindow())
-            ++paints;
-        return false;
-    }
-};
+using OrvaneBench::PaintCounter;
 
 // One life of a box that deletes itself on close. Showing queues the
 // window's expose; processing it paints the window once.

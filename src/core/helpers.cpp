@@ -75,8 +75,12 @@ void moveToCenter(QWidget *widget, QWidget *parent)
     Q_UNUSED(parent) // the main window is always the reference
     if (!widget)
         return;
-    QWidget *mainWindow = findMainWindow();
-    if (!mainWindow)
+    centreOver(widget, findMainWindow());
+}
+
+void centreOver(QWidget *widget, QWidget *mainWindow)
+{
+    if (!widget || !mainWindow)
         return;
     const int dx = (mainWindow->width() - widget->width()) / 2;
     const int dy = (mainWindow->height() - widget->height()) / 2;

@@ -35,6 +35,11 @@ QRect keepOnScreens(const QRect &window, const QVector<ScreenArea> &screens, con
 // The application's screens.
 QVector<ScreenArea> currentScreenAreas();
 
+// moveToCenter() over a main window the caller already found (nothing
+// happens when it is null), for callers that need the window themselves and
+// so walk the top-level widgets once.
+void centreOver(QWidget *widget, QWidget *mainWindow);
+
 // Centres `widget` (its current size) on the available geometry of the
 // screen under `globalPoint` (the primary screen when none is).
 void centreOnScreenAt(QWidget *widget, const QPoint &globalPoint);

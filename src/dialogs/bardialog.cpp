@@ -46,6 +46,15 @@ int &barIconSize()
     return size;
 }
 
+// The constructor's answer to platformShowsTranslucency(), handed to
+// setupUI() so that the platform is asked once per dialog; -1 outside the
+// constructor, where setupUI() asks itself.
+int &translucencyForSetup()
+{
+    static int answer = -1;
+    return answer;
+}
+
 void store(QPixmap *&slot, const QPixmap &pixmap)
 {
     if (slot)
@@ -66,19 +75,26 @@ BarDialog::BarDialog(QWidget *parent, int skin, Qt::WindowFlags flags)
     , closeButton(nullptr)
 {
     Q_UNUSED(flags)
-    setupUI(skin);
-    // Without a compositor the transparent band would show black: setupUI()
-    // then built an opaque, square panel that fills the window.
-    if (platformShowsTranslucency(parent))
-        setAttribute(Qt::WA_TranslucentBackground);
+    // The window's flags and translucency are settled before any child
+    // exists: changing them later re-applies the style (and the style
+    // sheets) to every child built so far.
     setWindowFlags(windowFlags() | Qt::Tool);
+    // Without a compositor the transparent band would show black: setupUI()
+    // then builds an opaque, square panel that fills the window.
+    const bool translucent = platformShowsTranslucency(parent);
+    if (translucent)
+        setAttribute(Qt::WA_TranslucentBackground);
+    translucencyForSetup() = translucent ? 1 : 0;
+    setupUI(skin);
+    translucencyForSetup() = -1;
 }
 
 BarDialog::~BarDialog() = default;
 
 void BarDialog::setupUI(int skin)
 {
-    const bool translucent = platformShowsTranslucency(parentWidget());
+    const bool translucent =
+        translucencyForSetup() >= 0 ? translucencyForSetup() != 0 : platformShowsTranslucency(parentWidget());
     const DialogSkinStyle style = translucent ? dialogSkinStyle(skin) : opaqueDialogSkinStyle(skin);
     barIconSize() = style.barIconSize;
 
@@ -118,9 +134,11 @@ void BarDialog::setupUI(int skin)
     barOverlay = new QWidget(bg);
     barOverlay->setObjectName(QStringLiteral("bar"));
     barOverlay->setFixedHeight(style.barHeight);
+    // Styled before the stack shows (and so polishes) it: a sheet set on a
+    // polished widget polishes it again.
+    barOverlay->setStyleSheet(style.barOverlayStyle);
     barStack->addWidget(barOverlay);
     barStack->setCurrentWidget(barOverlay);
-    barOverlay->setStyleSheet(style.barOverlayStyle);
     barOverlay->installEventFilter(this);
     QHBoxLayout *overlayLayout = Orvane::makeHBoxLayout(barOverlay, 0, 0);
     overlayLayout->setContentsMargins(2, 0, 2, 0);

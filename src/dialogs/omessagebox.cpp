@@ -186,10 +186,13 @@ OMessageBox::~OMessageBox()
 
 void OMessageBox::showEvent(QShowEvent *event)
 {
-    BarDialog::showEvent(event);
-    // With no main window to centre over, the box comes up where the user
-    // looks: centred on the screen under the pointer.
-    if (!findMainWindow())
+    // What BarDialog::showEvent() does, with the main window looked for once.
+    Q_UNUSED(event)
+    if (QWidget *mainWindow = findMainWindow())
+        centreOver(this, mainWindow);
+    else
+        // With no main window to centre over, the box comes up where the
+        // user looks: centred on the screen under the pointer.
         centreOnScreenAt(this, QCursor::pos());
 }
 

@@ -928,6 +928,9 @@ void tst_OMessageBox::tabReachesButtonsAndSpaceClicks()
     QStringList visited;
     whenModal([&visited](QWidget *box) {
         const Parts parts = partsOf(box);
+        // The box is modal before its window is activated; the keys go to the
+        // focus widget, which exists once it is.
+        QVERIFY(QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }));
         // Tab walks the check box and the buttons, never the close button.
         for (int i = 0; i < 8; ++i) {
             QWidget *focus = QApplication::focusWidget();
@@ -941,8 +944,8 @@ void tst_OMessageBox::tabReachesButtonsAndSpaceClicks()
         }
         // Focus the third button by Tab and press Space on it.
         for (int i = 0; i < 8 && QApplication::focusWidget() != parts.buttons.value(2); ++i)
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+            QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : box, Qt::Key_Tab);
+        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : box, Qt::Key_Space);
     });
     const int result = OMessageBox::popupTips(
         Orvane::Attention, {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")},

@@ -21,14 +21,16 @@ function(orvane_package_files package out)
     else()
         set(inc include/${package})
     endif()
+    set(module_files)
     if(CROSS_ARGS)
         set(library bin/${package}.dll)
     else()
         set(library lib/lib${package}.so.1)
+        set(module_files mkspecs/modules/qt_${package}.pri lib/pkgconfig/${package}.pc)
     endif()
     set(${out}
         ${inc}/Orvane/Orvane.h ${inc}/Orvane/orvane_export.h
-        ${library}
+        ${library} ${module_files}
         lib/cmake/${package}/${package}Config.cmake
         lib/cmake/${package}/${package}ConfigVersion.cmake
         lib/cmake/${package}/${package}Targets.cmake
@@ -71,21 +73,28 @@ function(orvane_check_consumer prefix package qt_major build)
         message(STATUS "${package} consumer ran under ${EMULATOR}")
         return()
     endif()
-    if(NOT last_output MATCHES "Orvane 1\\.0\\.0\\([^)]*\\) Qt ${qt_major}\\.")
-        message(FATAL_ERROR "unexpected output of the ${package} consumer: ${last_output}")
+    orvane_check_host_program("${consumer}" "${prefix}" ${package} ${qt_major} "${last_output}")
+    message(STATUS "${package} consumer said: ${last_output}")
+endfunction()
+
+# Checks what a host program built against <prefix> printed (the library
+# version and the Qt it runs on, on its last line) and that it loads the
+# library from <prefix>, not from anywhere else.
+function(orvane_check_host_program program prefix package qt_major output)
+    if(NOT output MATCHES "Orvane 1\\.0\\.0\\([^)]*\\) Qt ${qt_major}\\.[^\n]*\n?$")
+        message(FATAL_ERROR "unexpected output of ${program}: ${output}")
     endif()
-    file(GET_RUNTIME_DEPENDENCIES EXECUTABLES "${consumer}"
+    file(GET_RUNTIME_DEPENDENCIES EXECUTABLES "${program}"
         RESOLVED_DEPENDENCIES_VAR deps DIRECTORIES "${prefix}/lib")
     list(FILTER deps INCLUDE REGEX "/lib${package}\\.so")
     if(NOT deps)
-        message(FATAL_ERROR "the ${package} consumer does not load lib${package}.so")
+        message(FATAL_ERROR "${program} does not load lib${package}.so")
     endif()
     foreach(d IN LISTS deps)
         file(REAL_PATH "${d}" d)
         file(REAL_PATH "${prefix}/lib" libdir)
         if(NOT d MATCHES "^${libdir}/")
-            message(FATAL_ERROR "the ${package} consumer loads ${d}, not the one in ${prefix}")
+            message(FATAL_ERROR "${program} loads ${d}, not the one in ${prefix}")
         endif()
     endforeach()
-    message(STATUS "${package} consumer said: ${last_output}")
 endfunction()
