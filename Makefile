@@ -17,6 +17,9 @@ else
 $(error QT must be 5 or 6)
 endif
 QT_CMAKE = -DORVANE_QT_MAJOR=$(QT)
+# The Designer plugin and its tests are part of the ordinary build (UiPlugin
+# comes with qttools5-dev, and with qt6-tools-dev for QT=6).
+DESIGNER_CMAKE = -DORVANE_BUILD_DESIGNER_PLUGIN=ON
 BUILD ?= build$(QT_SUFFIX)
 BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
@@ -30,7 +33,7 @@ deps:
 	@sh scripts/install-deps.sh $(QT_PACKAGES)
 
 configure: deps
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) $(QT_CMAKE) $(QT_EXTRA_CMAKE) $(CMAKE_FLAGS)
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) $(QT_CMAKE) $(QT_EXTRA_CMAKE) $(DESIGNER_CMAKE) $(CMAKE_FLAGS)
 
 build: configure
 	cmake --build $(BUILD) --parallel $(JOBS)

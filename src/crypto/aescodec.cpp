@@ -1,6 +1,7 @@
 #include <Orvane/aescodec.h>
 
 #include "aesni_p.h"
+#include "aessize_p.h"
 
 #include <QtEndian>
 
@@ -370,6 +371,33 @@ char hexDigit(int n)
 
 } // namespace
 
+qint64 AesSize::maxByteArraySize()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    return QByteArray::max_size();
+#else
+    // Qt's own reckoning: the allocation limit less the array's bookkeeping
+    // and the terminating NUL.
+    return qint64(std::numeric_limits<decltype(QByteArray().size())>::max()) - qint64(sizeof(QByteArrayData)) - 1;
+#endif
+}
+
+int AesSize::paddingLength(qint64 size, int padding)
+{
+    const int missing = int((BlockBytes - size % BlockBytes) % BlockBytes);
+    switch (padding) {
+    case AESCodec::Pkcs7Padding:
+        return missing == 0 ? BlockBytes : missing;
+    default: // ZeroPadding, IsoPadding and unknown values fill up to the block
+        return missing;
+    }
+}
+
+bool AesSize::encodeAccepts(qint64 size, int padding)
+{
+    return size >= 0 && size <= maxByteArraySize() - paddingLength(size, padding);
+}
+
 AESCodec::AESCodec(Aes level, Mode mode, Padding padding)
     : m_level(level)
     , m_mode(mode)
@@ -403,7 +431,7 @@ QByteArray AESCodec::encode(const QByteArray &rawText, const QByteArray &key, co
 {
     if (!knownMode(m_mode) || (m_mode != Ecb && iv.size() != m_blockLen))
         return QByteArray();
-    if (rawText.size() > std::numeric_limits<int>::max() / 2)
+    if (!AesSize::encodeAccepts(rawText.size(), m_padding))
         return QByteArray();
     const QByteArray expanded = expandKey(key);
     if (expanded.isEmpty())
@@ -411,9 +439,9 @@ QByteArray AESCodec::encode(const QByteArray &rawText, const QByteArray &key, co
 
     // The whole blocks are read straight from the input; only the last,
     // padded block is assembled in the output first and encrypted in place.
-    const QByteArray padding = getPadding(rawText.size(), m_blockLen);
-    const int whole = rawText.size() - rawText.size() % m_blockLen;
-    const int rest = rawText.size() - whole;
+    const auto rest = int(rawText.size() % m_blockLen);
+    const auto whole = rawText.size() - rest;
+    const QByteArray padding = getPadding(rest, m_blockLen);
     QByteArray result(rawText.size() + padding.size(), Qt::Uninitialized);
     quint8 *out = bytes(result);
     std::memcpy(out + whole, rawText.constData() + whole, std::size_t(rest));
@@ -429,7 +457,7 @@ QByteArray AESCodec::encode(const QByteArray &rawText, const QByteArray &key, co
         onStates(blocks, count, [&](quint8 *const *states) { cipherStates<Interleave>(states, keys.bytes()); },
                  [&](quint8 *state) { m_state = state; cipher(keys.bytes()); });
     };
-    const auto run = [&](const quint8 *in, quint8 *to, int length) {
+    const auto run = [&](const quint8 *in, quint8 *to, qsizetype length) {
         const auto blocks = std::size_t(length / m_blockLen);
         if (hardware)
             AesNi::encrypt(m_mode, w, m_nr, chain, in, to, blocks);
@@ -449,8 +477,8 @@ QByteArray AESCodec::decode(const QByteArray &rawText, const QByteArray &key, co
     const QByteArray expanded = expandKey(key);
     if (expanded.isEmpty())
         return QByteArray();
-    const int whole = rawText.size() - rawText.size() % m_blockLen;
-    const int rest = rawText.size() - whole;
+    const auto rest = int(rawText.size() % m_blockLen);
+    const auto whole = rawText.size() - rest;
     // A partial block cannot go through the inverse cipher.
     if (rest && (m_mode == Ecb || m_mode == Cbc))
         return QByteArray();
@@ -494,12 +522,12 @@ QByteArray AESCodec::decode(const QByteArray &rawText, const QByteArray &key, co
 
 QByteArray AESCodec::removePadding(const QByteArray &rawText)
 {
-    const int size = rawText.size();
+    const auto size = rawText.size();
     if (size == 0)
         return rawText;
     switch (m_padding) {
     case ZeroPadding: {
-        int n = size;
+        auto n = size;
         while (n > 0 && rawText.at(n - 1) == '\0')
             --n;
         return rawText.left(n);
@@ -511,7 +539,7 @@ QByteArray AESCodec::removePadding(const QByteArray &rawText)
         return rawText.left(size - n);
     }
     case IsoPadding: {
-        int last = size - 1;
+        auto last = size - 1;
         while (last >= 0 && rawText.at(last) == '\0')
             --last;
         if (last >= 0 && quint8(rawText.at(last)) == 0x80)
@@ -723,12 +751,15 @@ QByteArray AESCodec::byteXor(const QByteArray &a, const QByteArray &b) const
     return result;
 }
 
+// The alignment is always the block length, the one paddingLength() uses.
 QByteArray AESCodec::getPadding(int currentSize, int alignment) const
 {
-    const int size = (alignment - currentSize % alignment) % alignment;
+    Q_ASSERT(alignment == BlockBytes);
+    Q_UNUSED(alignment)
+    const int size = AesSize::paddingLength(currentSize, m_padding);
     switch (m_padding) {
     case Pkcs7Padding:
-        return size == 0 ? QByteArray(alignment, char(alignment)) : QByteArray(size, char(size));
+        return QByteArray(size, char(size));
     case IsoPadding:
         if (size == 0)
             return QByteArray();

@@ -50,7 +50,16 @@
 ///   long as the input.
 /// - ZeroPadding removal stops at the empty array: an input of zero bytes
 ///   only becomes empty.
-/// - encode() of more than 1 GiB gives an empty result.
+/// - Size limit: encode() takes every text whose padded length fits in a
+///   QByteArray, and gives an empty result for a longer one; decode() takes
+///   every QByteArray, so each direction takes whatever the other gives. With
+///   Qt 5 on a 64-bit system a QByteArray holds at most 2147483622 bytes
+///   (INT_MAX less Qt's 24 bytes of bookkeeping and the terminating NUL), so
+///   encode() takes up to 2147483616 bytes with ZeroPadding and IsoPadding
+///   and up to 2147483615 bytes with Pkcs7Padding (which adds at least one
+///   byte). With Qt 6 the limit is the same rule on its 64-bit size type,
+///   far beyond any memory. Both directions hold the input and the result in
+///   memory at once.
 /// - printArray() of a null pointer or a size below 1 gives an empty array.
 /// - The expanded-key length of AES192 reads 209 although the schedule makes
 ///   208 bytes; the schedule always runs by Nb * (Nr + 1) words.

@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QGraphicsDropShadowEffect>
+#include <QKeySequence>
 #include <QLabel>
 #include <QMovie>
 #include <QPicture>
@@ -238,6 +239,16 @@ void padOnce(QVector<T> &v)
         const T first = v.first();
         v.append(first);
     }
+}
+
+// The text in QAbstractButton's mnemonic notation with no mnemonic in it:
+// every "&" doubled, which Qt reads as a literal "&". The button then grabs
+// no shortcut from its text, and Qt's accessibility reads the name back as
+// written and reports no accelerator.
+QString literalMnemonicText(const QString &text)
+{
+    QString escaped = text;
+    return escaped.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 } // namespace
@@ -498,8 +509,20 @@ void ImageButton::setText(const QString &text)
 {
     textLabel->setText(text);
     textLabel->setVisible(!text.isEmpty());
-    // The button's own text is what assistive technology reads as its name.
-    QAbstractButton::setText(text);
+    // The button's own text is what assistive technology reads as its name;
+    // it is stored with every "&" doubled so that it makes no shortcut.
+    // QAbstractButton::setText replaces the shortcut with the text's
+    // mnemonic (none here): a shortcut the host set stays.
+    const QKeySequence own = shortcut();
+    QAbstractButton::setText(literalMnemonicText(text));
+    if (shortcut() != own)
+        setShortcut(own);
+}
+
+QString ImageButton::text() const
+{
+    QString stored = QAbstractButton::text();
+    return stored.replace(QLatin1String("&&"), QLatin1String("&"));
 }
 
 void ImageButton::setTooltip(const QString &tip)

@@ -24,14 +24,17 @@
 ///   they were. An empty vector given to setBackground(colors, radius) leaves
 ///   no fill at all. A null record given to setStyle is replaced by a new
 ///   default record, as in the constructor.
-/// - The text is also kept as the QAbstractButton text, so text() returns it
-///   and assistive technology reads it as the button's name. As with
-///   QPushButton, an "&" in it makes a mnemonic shortcut.
+/// - The text is shown exactly as written: an "&" in it is an ampersand and
+///   makes no keyboard shortcut ("R&D" does not answer Alt+D). text() returns
+///   it as given, and assistive technology reads it as the button's name. The
+///   QAbstractButton text holds it with every "&" doubled (Qt's notation for
+///   a literal ampersand). A shortcut given with setShortcut() stays when
+///   the text changes.
 /// - The member names `style`, `layout` and `pressed` hide QWidget::style(),
 ///   QWidget::layout() and the pressed() signal in this class's scope; reach
 ///   those through a QWidget or QAbstractButton pointer or qualified
-///   (&QAbstractButton::pressed). setStyle, setLayout, setIcon, setText and
-///   setFont likewise hide the base-class functions of those names.
+///   (&QAbstractButton::pressed). setStyle, setLayout, setIcon, setText,
+///   text and setFont likewise hide the base-class functions of those names.
 ///
 /// @code{.cpp}
 /// auto *save = new Orvane::ImageButton(Orvane::makeBtnStyle_Default(), this);
@@ -142,6 +145,9 @@ public:
     /// The label's text, also kept as the button's text (text(), and its
     /// accessible name). An empty text hides the text label.
     void setText(const QString &text);
+    /// The text as given to setText(), with no mnemonic processing (the
+    /// QAbstractButton text holds it with every "&" doubled).
+    QString text() const;
     /// On the button and its icon label, not on the text label.
     void setTooltip(const QString &tip);
     /// Sets the text label's font.

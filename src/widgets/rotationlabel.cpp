@@ -69,6 +69,11 @@ RotationLabel::RotationLabel()
 {
 }
 
+RotationLabel::RotationLabel(QWidget *parent)
+    : QLabel(parent)
+{
+}
+
 RotationLabel::~RotationLabel()
 {
     delete m_animation;

@@ -63,6 +63,8 @@ public:
     /// give it a parent.
     RotationLabel();
     /// Stops and deletes the animation, if any.
+    /// The same inside `parent`, as forms made with Designer build it.
+    explicit RotationLabel(QWidget *parent);
     ~RotationLabel() override;
 
     /// Starts, or restarts from angle 0, with the picture shown now as

@@ -1,10 +1,12 @@
 #include <Orvane/orvanecrypto.h>
 
 #include "aestestdata.h"
+#include "crypto/aessize_p.h"
 
 #include <QThread>
 #include <QtTest>
 
+#include <limits>
 #include <vector>
 
 using Orvane::AESCodec;
@@ -85,6 +87,9 @@ private Q_SLOTS:
     void removePadding();
     void partialBlock_data();
     void partialBlock();
+    void sizeLimit_data();
+    void sizeLimit();
+    void paddedLengths();
     void printArray_data();
     void printArray();
     void staticShorthands();
@@ -562,6 +567,70 @@ void tst_AESCodec::partialBlock()
     } else {
         QCOMPARE(plain, text.left(size));
     }
+}
+
+// Where encode() stops taking text: the padded length must fit in a
+// QByteArray. decode() takes any QByteArray, so the two agree.
+void tst_AESCodec::sizeLimit_data()
+{
+    using Orvane::AesSize::maxByteArraySize;
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<AESCodec::Padding>("padding");
+    QTest::addColumn<bool>("accepted");
+
+    const qint64 most = maxByteArraySize();
+    const qint64 aligned = most - most % 16;
+    const qint64 gib = qint64(1) << 30;
+    for (AESCodec::Padding padding : {AESCodec::ZeroPadding, AESCodec::IsoPadding, AESCodec::Pkcs7Padding}) {
+        const QByteArray name = QMetaEnum::fromType<AESCodec::Padding>().valueToKey(padding);
+        const auto row = [&](const char *what, qint64 size, bool accepted) {
+            QTest::newRow((name + ", " + what).constData()) << size << padding << accepted;
+        };
+        const bool pkcs7 = padding == AESCodec::Pkcs7Padding;
+        row("empty", 0, true);
+        row("negative", -1, false);
+        row("1 GiB", gib, true);
+        row("1 GiB + 1", gib + 1, true);
+        row("2 GiB - 48", 2 * gib - 48, true);
+        // PKCS #7 adds a whole block to aligned text, which then no longer fits.
+        row("largest aligned", aligned, !pkcs7);
+        row("largest aligned - 1", aligned - 1, true);
+        row("largest aligned + 1", aligned + 1, false);
+        row("largest QByteArray", most, most == aligned && !pkcs7);
+        row("past every QByteArray", most + 1, false);
+    }
+    // A custom padding value pads like ZeroPadding.
+    QTest::newRow("unknown padding, largest aligned") << aligned << AESCodec::Padding(7) << true;
+    QTest::newRow("unknown padding, largest aligned + 1") << aligned + 1 << AESCodec::Padding(7) << false;
+}
+
+void tst_AESCodec::sizeLimit()
+{
+    QFETCH(qint64, size);
+    QFETCH(AESCodec::Padding, padding);
+    QFETCH(bool, accepted);
+    QCOMPARE(Orvane::AesSize::encodeAccepts(size, padding), accepted);
+    if (accepted)
+        QVERIFY(size + Orvane::AesSize::paddingLength(size, padding) <= Orvane::AesSize::maxByteArraySize());
+}
+
+// The limit's padding sums are the codec's: the encoded length is the text's
+// plus paddingLength(), and the figures in the header are this Qt's.
+void tst_AESCodec::paddedLengths()
+{
+    const QByteArray key = keyFor(AESCodec::Aes128);
+    for (AESCodec::Padding padding : {AESCodec::ZeroPadding, AESCodec::IsoPadding, AESCodec::Pkcs7Padding}) {
+        for (int size = 0; size <= 48; ++size) {
+            const QByteArray cipher = AESCodec::Crypt(AESCodec::Aes128, AESCodec::Cbc, sampleText(size), key, iv16, padding);
+            QCOMPARE(cipher.size(), size + Orvane::AesSize::paddingLength(size, padding));
+        }
+    }
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    if (sizeof(void *) == 8)
+        QCOMPARE(Orvane::AesSize::maxByteArraySize(), qint64(2147483622));
+#elif QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
+    QCOMPARE(Orvane::AesSize::maxByteArraySize(), std::numeric_limits<qint64>::max() - 25);
+#endif
 }
 
 void tst_AESCodec::printArray_data()
