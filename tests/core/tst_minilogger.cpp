@@ -126,11 +126,16 @@ QStringList errorLines(QProcess &child)
     return QString::fromUtf8(child.readAllStandardError()).split(QRegularExpression(QStringLiteral("\r?\n")));
 }
 
-// The child process: logs into the given directory, then either crashes with
+const char existingLogName[] = "existing.txt";
+
+// The child process: logs into the given directory (in "append" mode into
+// the file existingLogName there, opened first), then either crashes with
 // qFatal or ends normally.
 int runChild(const QByteArray &mode)
 {
     const QString dir = qEnvironmentVariable(childDirVariable);
+    if (mode == "append")
+        Orvane::openGlobalTextStream(QDir(dir).filePath(QString::fromLatin1(existingLogName)));
     Orvane::initMiniLogger(QStringLiteral("child_"), dir);
     for (int i = 0; i < childLines; ++i)
         qDebug("child line %d", i);
@@ -157,6 +162,7 @@ private Q_SLOTS:
     void openGlobalTextStreamFirstPathWins();
     void threadsWriteWholeLines();
     void crashKeepsEveryLine();
+    void existingFileIsAppendedTo();
     void missingDirectory();
 
 private:
@@ -374,6 +380,40 @@ void tst_MiniLogger::crashKeepsEveryLine()
     QVERIFY(errLines.size() >= childLines + 2);
     QCOMPARE(messageOf(errLines.first()), QStringLiteral("dirPath: ") + dir.path());
     QCOMPARE(errLines.mid(1, childLines + 1), lines);
+}
+
+void tst_MiniLogger::existingFileIsAppendedTo()
+{
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString path = dir.filePath(QString::fromLatin1(existingLogName));
+    const QByteArray earlier("earlier text, longer than one line of the child's log will be ......\n"
+                             "and a second line\n");
+    {
+        QFile existing(path);
+        QVERIFY(existing.open(QIODevice::WriteOnly));
+        QCOMPARE(existing.write(earlier), qint64(earlier.size()));
+    }
+    QProcess child;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QString::fromLatin1(childModeVariable), QStringLiteral("append"));
+    env.insert(QString::fromLatin1(childDirVariable), dir.path());
+    child.setProcessEnvironment(childEnvironment(env));
+    child.start(QCoreApplication::applicationFilePath(), QStringList());
+    QVERIFY(child.waitForFinished(60000));
+    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(child.exitCode(), 0);
+
+    // No other file was made, the earlier text is intact and every line of
+    // the child follows it.
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{QString::fromLatin1(existingLogName)});
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().startsWith(earlier));
+    const QStringList lines = readLines(path);
+    QCOMPARE(lines.size(), 2 + childLines);
+    for (int i = 0; i < childLines; ++i)
+        QCOMPARE(messageOf(lines.at(2 + i)), QStringLiteral("child line %1").arg(i));
 }
 
 void tst_MiniLogger::missingDirectory()
