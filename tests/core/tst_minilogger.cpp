@@ -119,6 +119,17 @@ QProcessEnvironment childEnvironment(QProcessEnvironment env)
     return env;
 }
 
+// Starts this executable as a child in `mode` (see runChild), logging into
+// `dir`.
+void startChild(QProcess &child, const QString &mode, const QString &dir)
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QString::fromLatin1(childModeVariable), mode);
+    env.insert(QString::fromLatin1(childDirVariable), dir);
+    child.setProcessEnvironment(childEnvironment(env));
+    child.start(QCoreApplication::applicationFilePath(), QStringList());
+}
+
 // The lines a finished child wrote to its standard error stream. The stream
 // is in text mode on Windows, where each "\n" arrives as "\r\n".
 QStringList errorLines(QProcess &child)
@@ -356,11 +367,7 @@ void tst_MiniLogger::crashKeepsEveryLine()
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
     QProcess child;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QString::fromLatin1(childModeVariable), QStringLiteral("crash"));
-    env.insert(QString::fromLatin1(childDirVariable), dir.path());
-    child.setProcessEnvironment(childEnvironment(env));
-    child.start(QCoreApplication::applicationFilePath(), QStringList());
+    startChild(child, QStringLiteral("crash"), dir.path());
     QVERIFY(child.waitForFinished(60000));
     QCOMPARE(child.exitStatus(), QProcess::CrashExit);
 
@@ -395,11 +402,7 @@ void tst_MiniLogger::existingFileIsAppendedTo()
         QCOMPARE(existing.write(earlier), qint64(earlier.size()));
     }
     QProcess child;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QString::fromLatin1(childModeVariable), QStringLiteral("append"));
-    env.insert(QString::fromLatin1(childDirVariable), dir.path());
-    child.setProcessEnvironment(childEnvironment(env));
-    child.start(QCoreApplication::applicationFilePath(), QStringList());
+    startChild(child, QStringLiteral("append"), dir.path());
     QVERIFY(child.waitForFinished(60000));
     QCOMPARE(child.exitStatus(), QProcess::NormalExit);
     QCOMPARE(child.exitCode(), 0);
@@ -422,11 +425,7 @@ void tst_MiniLogger::missingDirectory()
     QVERIFY(dir.isValid());
     const QString missing = dir.filePath(QStringLiteral("not/there"));
     QProcess child;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QString::fromLatin1(childModeVariable), QStringLiteral("end"));
-    env.insert(QString::fromLatin1(childDirVariable), missing);
-    child.setProcessEnvironment(childEnvironment(env));
-    child.start(QCoreApplication::applicationFilePath(), QStringList());
+    startChild(child, QStringLiteral("end"), missing);
     QVERIFY(child.waitForFinished(60000));
     QCOMPARE(child.exitStatus(), QProcess::NormalExit);
     QCOMPARE(child.exitCode(), 0);
