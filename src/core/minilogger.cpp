@@ -48,8 +48,32 @@ LogSink &logSink()
     return sink;
 }
 
-// Appends `bytes` to the log file in one write. Only an interrupted or short
-// write is continued, which a regular file does not do in practice.
+#ifdef Q_OS_WIN
+// Where in the log file the next line goes. Each line reserves its own range
+// here with one atomic addition and is then written at that offset, so lines
+// of different threads never land on the same bytes, without a lock. It
+// starts at the file's size when the file is opened, so lines are appended
+// after what an existing file already holds.
+std::atomic<qint64> nextLogOffset{0};
+#endif
+
+// Makes `fd` the log file the handler writes into (-1: none), its lines
+// going after its first `size` bytes. The offset is set before the
+// descriptor is published, so a handler that sees the descriptor also sees
+// the offset that belongs to it.
+void publishLogFile(int fd, qint64 size)
+{
+#ifdef Q_OS_WIN
+    nextLogOffset.store(size);
+#else
+    Q_UNUSED(size); // the descriptor is in append mode
+#endif
+    logDescriptor.store(fd);
+}
+
+// Writes `bytes` to the end of the log file. Only an interrupted or short
+// write is continued, which a regular file does not do in practice. A write
+// that fails drops the line (the handler has no one to report it to).
 void appendToLog(const QByteArray &bytes)
 {
     const int fd = logDescriptor.load();
@@ -61,26 +85,25 @@ void appendToLog(const QByteArray &bytes)
     const HANDLE handle = reinterpret_cast<HANDLE>(_get_osfhandle(fd));
     if (handle == INVALID_HANDLE_VALUE)
         return;
-    // The append below is one system call, but not every implementation of
-    // it is atomic: wine reads the file's size and then writes there, so two
-    // threads can write at the same place and one line is lost. Writes from
-    // this process's threads therefore take turns. A slim lock needs no
-    // construction or destruction, so it also works while the process ends.
-    static SRWLOCK appendLock = SRWLOCK_INIT;
-    AcquireSRWLockExclusive(&appendLock);
+    // Not an append at the end of the file: not every implementation of that
+    // is atomic (wine reads the file's size and then writes there, so two
+    // threads could write at the same place and one line would be lost).
+    // Instead the line takes the next free range of the file for itself and
+    // is written at its offset. If the write fails, the range stays taken:
+    // once later lines follow, the file holds zero bytes (after whatever part
+    // was written) where the line would have been.
+    qint64 offset = nextLogOffset.fetch_add(left);
     while (left > 0) {
-        // Both offsets all ones: the system appends at the end of the file,
-        // atomically, whatever the handle's position.
         OVERLAPPED at = {};
-        at.Offset = 0xFFFFFFFF;
-        at.OffsetHigh = 0xFFFFFFFF;
+        at.Offset = DWORD(quint64(offset) & 0xFFFFFFFFu);
+        at.OffsetHigh = DWORD(quint64(offset) >> 32);
         DWORD written = 0;
         if (!WriteFile(handle, data, DWORD(left), &written, &at) || written == 0)
-            break;
+            return;
         data += written;
         left -= written;
+        offset += written;
     }
-    ReleaseSRWLockExclusive(&appendLock);
 #else
     while (left > 0) {
         const ssize_t written = ::write(fd, data, size_t(left));
@@ -113,13 +136,14 @@ void openGlobalTextStream(const QString &filePath)
         return;
     sink.file = QSharedPointer<QFile>::create(filePath);
     // Append mode opens the descriptor for appending, so that every write
-    // lands at the end of the file in one piece.
+    // lands at the end of the file in one piece (on Linux; Windows writes
+    // each line at an offset of its own, after the file's current size).
     sink.file->open(QIODevice::WriteOnly | QIODevice::Append);
     sink.stream = QSharedPointer<QTextStream>::create();
     sink.stream->setDevice(sink.file.data());
     setUtf8(sink.stream.data());
     if (sink.file->isOpen())
-        logDescriptor.store(sink.file->handle());
+        publishLogFile(sink.file->handle(), sink.file->size());
 }
 
 void initMiniLogger(const QString &filePrefix, const QString &dirPath)

@@ -17,11 +17,20 @@
 /// re-set the pattern and re-install the handler but keep writing into it.
 ///
 /// Each message reaches the file whole and at once: the formatted line and
-/// its line end are encoded to UTF-8 and appended with a single write on the
-/// file's descriptor, which the system keeps in one piece even when several
-/// threads log together, and which survives a crash (nothing is left in a
-/// buffer of ours). No lock is taken. The file and its UTF-8 text stream are
-/// kept in process-wide shared pointers and released at exit.
+/// its line end are encoded to UTF-8 and written with a single write, which
+/// survives a crash (nothing is left in a buffer of ours). No lock is taken,
+/// on any platform: lines from several threads may come in any order, but
+/// none is torn or lost. On Linux the write is an append on the file's
+/// descriptor, which the system keeps in one piece. On Windows each line
+/// first takes its own range of the file from a process-wide atomic offset
+/// (set to the file's size when it is opened, so an existing file is
+/// appended to) and is written at that offset, since not every Windows
+/// implementation makes an append at the end of the file atomic; those
+/// offsets are this process's own, so another process writing into the same
+/// file at the same time would overwrite lines. A line whose write fails is
+/// dropped; on Windows its range then reads as zero bytes once later lines
+/// follow it. The file and its UTF-8 text stream are kept in process-wide
+/// shared pointers and released at exit.
 ///
 /// Debugger output: on Windows every line also goes to OutputDebugStringA,
 /// followed by "\r\n" in a second call. Other platforms have no such facility

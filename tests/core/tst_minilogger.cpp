@@ -119,6 +119,17 @@ QProcessEnvironment childEnvironment(QProcessEnvironment env)
     return env;
 }
 
+// Starts this executable as a child in `mode` (see runChild), logging into
+// `dir`.
+void startChild(QProcess &child, const QString &mode, const QString &dir)
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QString::fromLatin1(childModeVariable), mode);
+    env.insert(QString::fromLatin1(childDirVariable), dir);
+    child.setProcessEnvironment(childEnvironment(env));
+    child.start(QCoreApplication::applicationFilePath(), QStringList());
+}
+
 // The lines a finished child wrote to its standard error stream. The stream
 // is in text mode on Windows, where each "\n" arrives as "\r\n".
 QStringList errorLines(QProcess &child)
@@ -126,11 +137,16 @@ QStringList errorLines(QProcess &child)
     return QString::fromUtf8(child.readAllStandardError()).split(QRegularExpression(QStringLiteral("\r?\n")));
 }
 
-// The child process: logs into the given directory, then either crashes with
+const char existingLogName[] = "existing.txt";
+
+// The child process: logs into the given directory (in "append" mode into
+// the file existingLogName there, opened first), then either crashes with
 // qFatal or ends normally.
 int runChild(const QByteArray &mode)
 {
     const QString dir = qEnvironmentVariable(childDirVariable);
+    if (mode == "append")
+        Orvane::openGlobalTextStream(QDir(dir).filePath(QString::fromLatin1(existingLogName)));
     Orvane::initMiniLogger(QStringLiteral("child_"), dir);
     for (int i = 0; i < childLines; ++i)
         qDebug("child line %d", i);
@@ -157,6 +173,7 @@ private Q_SLOTS:
     void openGlobalTextStreamFirstPathWins();
     void threadsWriteWholeLines();
     void crashKeepsEveryLine();
+    void existingFileIsAppendedTo();
     void missingDirectory();
 
 private:
@@ -350,11 +367,7 @@ void tst_MiniLogger::crashKeepsEveryLine()
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
     QProcess child;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QString::fromLatin1(childModeVariable), QStringLiteral("crash"));
-    env.insert(QString::fromLatin1(childDirVariable), dir.path());
-    child.setProcessEnvironment(childEnvironment(env));
-    child.start(QCoreApplication::applicationFilePath(), QStringList());
+    startChild(child, QStringLiteral("crash"), dir.path());
     QVERIFY(child.waitForFinished(60000));
     QCOMPARE(child.exitStatus(), QProcess::CrashExit);
 
@@ -376,17 +389,43 @@ void tst_MiniLogger::crashKeepsEveryLine()
     QCOMPARE(errLines.mid(1, childLines + 1), lines);
 }
 
+void tst_MiniLogger::existingFileIsAppendedTo()
+{
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString path = dir.filePath(QString::fromLatin1(existingLogName));
+    const QByteArray earlier("earlier text, longer than one line of the child's log will be ......\n"
+                             "and a second line\n");
+    {
+        QFile existing(path);
+        QVERIFY(existing.open(QIODevice::WriteOnly));
+        QCOMPARE(existing.write(earlier), qint64(earlier.size()));
+    }
+    QProcess child;
+    startChild(child, QStringLiteral("append"), dir.path());
+    QVERIFY(child.waitForFinished(60000));
+    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(child.exitCode(), 0);
+
+    // No other file was made, the earlier text is intact and every line of
+    // the child follows it.
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{QString::fromLatin1(existingLogName)});
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().startsWith(earlier));
+    const QStringList lines = readLines(path);
+    QCOMPARE(lines.size(), 2 + childLines);
+    for (int i = 0; i < childLines; ++i)
+        QCOMPARE(messageOf(lines.at(2 + i)), QStringLiteral("child line %1").arg(i));
+}
+
 void tst_MiniLogger::missingDirectory()
 {
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
     const QString missing = dir.filePath(QStringLiteral("not/there"));
     QProcess child;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QString::fromLatin1(childModeVariable), QStringLiteral("end"));
-    env.insert(QString::fromLatin1(childDirVariable), missing);
-    child.setProcessEnvironment(childEnvironment(env));
-    child.start(QCoreApplication::applicationFilePath(), QStringList());
+    startChild(child, QStringLiteral("end"), missing);
     QVERIFY(child.waitForFinished(60000));
     QCOMPARE(child.exitStatus(), QProcess::NormalExit);
     QCOMPARE(child.exitCode(), 0);
