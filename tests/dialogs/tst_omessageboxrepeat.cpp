@@ -3,6 +3,7 @@
 // later box to the pixels of the process's very first, cold box of its kind:
 // boxes are grabbed first in a fresh process, then again after many boxes,
 // after a skin switch and back, and after the shared shadows were dropped.
+// It also holds closed boxes to leaving nothing of theirs behind.
 
 #include <Orvane/dialogskinstyle.h>
 #include <Orvane/omessagebox.h>
@@ -12,13 +13,66 @@
 #include <QApplication>
 #include <QDir>
 #include <QImage>
+#include <QMutex>
+#include <QSet>
 #include <QtTest>
+
+#include <tuple>
+#include <utility>
+
+// Qt's object hooks (exported by QtCore for tools) tell the test of every
+// QObject made and destroyed, widgets or not.
+extern quintptr qtHookData[];
 
 using Orvane::OMessageBox;
 
 namespace {
 
 enum Kind { Note, Full };
+
+enum HookIndex { AddQObject = 3, RemoveQObject = 4 };
+using ObjectHook = void (*)(QObject *);
+
+// The QObjects made since the recorder was switched on and not destroyed yet.
+QMutex madeMutex;
+QSet<QObject *> madeAndAlive;
+bool recording = false;
+int madeCount = 0;
+ObjectHook earlierAdd = nullptr;
+ObjectHook earlierRemove = nullptr;
+
+void recordMade(QObject *object)
+{
+    {
+        QMutexLocker lock(&madeMutex);
+        if (recording) {
+            madeAndAlive.insert(object);
+            ++madeCount;
+        }
+    }
+    if (earlierAdd)
+        earlierAdd(object);
+}
+
+void recordDestroyed(QObject *object)
+{
+    {
+        QMutexLocker lock(&madeMutex);
+        madeAndAlive.remove(object);
+    }
+    if (earlierRemove)
+        earlierRemove(object);
+}
+
+// Sets Qt's object hooks; returns the ones set before.
+std::pair<ObjectHook, ObjectHook> setObjectHooks(ObjectHook added, ObjectHook removed)
+{
+    const std::pair<ObjectHook, ObjectHook> earlier(reinterpret_cast<ObjectHook>(qtHookData[AddQObject]),
+                                                    reinterpret_cast<ObjectHook>(qtHookData[RemoveQObject]));
+    qtHookData[AddQObject] = reinterpret_cast<quintptr>(added);
+    qtHookData[RemoveQObject] = reinterpret_cast<quintptr>(removed);
+    return earlier;
+}
 
 OMessageBox *makeBox(Kind kind)
 {
@@ -86,9 +140,22 @@ class tst_OMessageBoxRepeat : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
+    void cleanupTestCase();
     void laterBoxesMatchTheFirst();
+    void closedBoxesLeaveNothingBehind();
     void cleanup();
 };
+
+void tst_OMessageBoxRepeat::initTestCase()
+{
+    std::tie(earlierAdd, earlierRemove) = setObjectHooks(&recordMade, &recordDestroyed);
+}
+
+void tst_OMessageBoxRepeat::cleanupTestCase()
+{
+    setObjectHooks(earlierAdd, earlierRemove);
+}
 
 void tst_OMessageBoxRepeat::cleanup()
 {
@@ -140,6 +207,32 @@ void tst_OMessageBoxRepeat::laterBoxesMatchTheFirst()
             QVERIFY2(warm == c.image, qPrintable(name + QStringLiteral(": ") + firstDifference(c.image, warm)));
         }
     }
+}
+
+void tst_OMessageBoxRepeat::closedBoxesLeaveNothingBehind()
+{
+    // What the first boxes of each kind and skin make for all later ones
+    // (shared shadows, tinted icons, Qt's style objects) is made here.
+    churn(2);
+    const int widgetsBefore = QApplication::allWidgets().size();
+    {
+        QMutexLocker lock(&madeMutex);
+        madeAndAlive.clear();
+        madeCount = 0;
+        recording = true;
+    }
+    churn(50); // 300 boxes, each shown, painted and closed
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QMutexLocker lock(&madeMutex);
+    recording = false;
+    // The hooks saw the boxes: each is a dialog of more than ten objects.
+    QVERIFY2(madeCount > 300 * 10, qPrintable(QString::number(madeCount)));
+    QStringList left;
+    for (QObject *object : qAsConst(madeAndAlive))
+        left.append(QString::fromLatin1(object->metaObject()->className()) + QLatin1Char(' ') + object->objectName());
+    QVERIFY2(left.isEmpty(), qPrintable(QStringLiteral("still alive after 300 boxes: ") + left.join(QStringLiteral(", "))));
+    QCOMPARE(QApplication::allWidgets().size(), widgetsBefore);
 }
 
 QTEST_MAIN(tst_OMessageBoxRepeat)
