@@ -173,7 +173,10 @@ private:
 
     bool plainButton() const
     {
-        if (typeid(*m_button) != typeid(ImageButton))
+        // Through a plain reference: typeid of the guarded pointer's operator*
+        // would count as an expression with side effects.
+        const ImageButton &button = *m_button;
+        if (typeid(button) != typeid(ImageButton))
             return false;
         int widgets = 0;
         for (const QObject *child : m_button->children()) {
