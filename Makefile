@@ -143,15 +143,15 @@ docs:
 	cmake --build $(BUILD) --target docs
 
 # The ABI guard of the 1.x series (Qt 5 build): the installed library against
-# the committed baseline abi/libOrvane.so.1.0.0.abi (scripts/abi.sh). A
+# the committed baseline abi/libOrvane.so.1.0.0.abi.xz (scripts/abi.sh). A
 # removed or changed exported symbol, or a changed size or layout of a public
 # class, fails with abidiff's report; additions pass. Then the guard's own test
 # (tests/abi/guard_test.sh): an added function passes, a removed function and
 # a changed class size fail.
-ABI_BASELINE = abi/libOrvane.so.1.0.0.abi
+ABI_BASELINE = abi/libOrvane.so.1.0.0.abi.xz
 check-abi:
 	@[ "$(QT)" = 5 ] || { echo "the ABI baseline is the Qt 5 library's: run make check-abi without QT=$(QT)"; exit 1; }
-	@sh scripts/install-deps.sh abigail-tools
+	@sh scripts/install-deps.sh abigail-tools xz-utils
 	$(MAKE) configure
 	cmake --build $(BUILD) --parallel $(JOBS) --target Orvane abi-variants
 	sh scripts/abi.sh check $(BUILD) $(ABI_BASELINE)
@@ -162,7 +162,7 @@ check-abi:
 # deliberately sets a new baseline; commit the file it writes.
 abi-baseline:
 	@[ "$(QT)" = 5 ] || { echo "the ABI baseline is the Qt 5 library's: run make abi-baseline without QT=$(QT)"; exit 1; }
-	@sh scripts/install-deps.sh abigail-tools
+	@sh scripts/install-deps.sh abigail-tools xz-utils
 	$(MAKE) configure BUILD_TYPE=RelWithDebInfo
 	cmake --build $(BUILD) --parallel $(JOBS) --target Orvane
 	sh scripts/abi.sh baseline $(BUILD) $(ABI_BASELINE)
